@@ -1,0 +1,21 @@
+/** The television's message channel between the browser process and its other processes. */
+#ifndef HBBTVMSG_H
+#define HBBTVMSG_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/**
+ * Opens the process's message channel; opening an open one changes nothing. Messages for a plug-in instance arrive
+ * later through its exported `videoControlHandleNotify`, on the browser's plug-in thread.
+ * @param options reserved, null
+ * @return 0 on success; the plug-in does not look at it. Called once for each plug-in instance, on the plug-in thread.
+ */
+int openCommunicationChannel(void* options);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
