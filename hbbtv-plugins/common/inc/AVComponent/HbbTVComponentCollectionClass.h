@@ -1,0 +1,69 @@
+/** A collection of components as script sees it (OIPF DAE, AVComponentCollection): `length`, `[i]`, `item(i)`. */
+#ifndef HBBTVCOMPONENTCOLLECTIONCLASS_H
+#define HBBTVCOMPONENTCOLLECTIONCLASS_H
+
+#include "HbbTVBaseClass.h"
+#include "HbbTVExport.h"
+
+#include "AVComponent/HbbTVAudioComponentClass.h"
+#include "AVComponent/HbbTVSubtitleComponentClass.h"
+#include "AVComponent/HbbTVVideoComponentClass.h"
+
+#include <memory>
+#include <vector>
+
+typedef enum eAVComponentCollectionType_e {
+    AVAILABLE_AUDIO_COMPONENTS_COLLECTION = 0,
+    AVAILABLE_VIDEO_COMPONENTS_COLLECTION = 1,
+    AVAILABLE_SUBTITLE_COMPONENTS_COLLECTION = 2,
+    AVAILABLE_ALL_COMPONENTS_COLLECTION = 3,
+    ACTIVE_AUDIO_COMPONENTS_COLLECTION = 4,
+    ACTIVE_VIDEO_COMPONENTS_COLLECTION = 5,
+    ACTIVE_SUBTITLE_COMPONENTS_COLLECTION = 6
+} eAVComponentCollectionType_e;
+
+/** Fills the class of all collection objects; calling it again changes nothing. */
+HBBTV_EXPORT void initializeComponentCollectionNPClass();
+
+/** Owner of one collection: its script object and its items. Plug-in thread only. */
+class HBBTV_EXPORT HbbTVComponentCollectionClass : public HbbTVBaseClass {
+public:
+    /** @param instance address of the plug-in instance's handle, valid as long as this object is */
+    HbbTVComponentCollectionClass(NPP* instance, eAVComponentCollectionType_e type);
+    ~HbbTVComponentCollectionClass();
+
+    /**
+     * Makes the collection what the player has now. Components that the player still has keep their script objects;
+     * the others part from theirs.
+     * @param player handle of the adaptation layer
+     */
+    void update(int player);
+
+    /** @return the script object, without a reference for the caller; null without memory */
+    NPObject* getNPObject();
+
+    /** @return number of items */
+    int length() const;
+
+    /** @return the script object of an item, without a reference for the caller; null outside 0 to length() - 1 */
+    NPObject* item(int index);
+
+private:
+    /** One component; the owner that matches its type is set. */
+    struct Item {
+        Hbbtv_AL_ComponentInfo info;
+        std::unique_ptr<HbbTVVideoComponentClass> video;
+        std::unique_ptr<HbbTVAudioComponentClass> audio;
+        std::unique_ptr<HbbTVSubtitleComponentClass> subtitle;
+    };
+
+    std::vector<Hbbtv_AL_ComponentInfo> query(int player) const;
+    Item makeItem(const Hbbtv_AL_ComponentInfo& info);
+
+    NPP* m_instance;
+    eAVComponentCollectionType_e m_type;
+    std::vector<Item> m_items;
+    NPObjectHbbTV* m_JSObject;
+};
+
+#endif

@@ -1,0 +1,49 @@
+/**
+ * The NPAPI side of the framework: turns the engine's calls into the virtual operations of a plug-in.
+ *
+ * A module that an engine loads defines the four NP_ entry points and passes them on to these functions, with a
+ * description of the plug-in that it carries. A process holds one such module.
+ */
+#ifndef HBBTVMODULE_H
+#define HBBTVMODULE_H
+
+#include "HbbTVExport.h"
+#include "PluginBaseClass.h"
+
+#include "npapi/npfunctions.h"
+
+/** Which property of the event object tells what happened. */
+typedef struct HbbTVListenerProperty {
+    const char* listener; /**< type of addEventListener */
+    const char* property;
+} HbbTVListenerProperty;
+
+/** The plug-in that a module carries. All texts are static. */
+typedef struct HbbTVModule {
+    const char* (*mimeDescription)();
+    char* (*name)();
+    char* (*description)();
+
+    /** Makes an instance. @param hostUri null; instances ask for the page's address when they need it */
+    PluginBaseClass* (*create)(char* hostUri);
+
+    /**
+     * Script properties that a page may have set on its element before the element had an instance; ended by null.
+     * Attributes that every element reflects (`data`, `width`, ...) do not belong here: they come as attributes.
+     */
+    const char* const* adoptedProperties;
+
+    /** For traces; ended by an entry of nulls. */
+    const HbbTVListenerProperty* listenerProperties;
+} HbbTVModule;
+
+/** As NP_Initialize. @param module kept, not copied */
+HBBTV_EXPORT NPError hbbtvModuleInitialize(const HbbTVModule* module, NPNetscapeFuncs* browser, NPPluginFuncs* plugin);
+
+/** As NP_GetValue. */
+HBBTV_EXPORT NPError hbbtvModuleGetValue(const HbbTVModule* module, NPPVariable variable, void* value);
+
+/** As NP_Shutdown. */
+HBBTV_EXPORT NPError hbbtvModuleShutdown();
+
+#endif

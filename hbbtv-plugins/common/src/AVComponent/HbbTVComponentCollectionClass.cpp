@@ -1,0 +1,201 @@
+#include "AVComponent/HbbTVComponentCollectionClass.h"
+
+#include <algorithm>
+#include <math.h>
+#include <string.h>
+#include <utility>
+
+// A platform without the extension leaves it undefined: every collection is then empty.
+#pragma weak Hbbtv_AL_MediaPlayerGetComponents
+
+namespace {
+
+NPClass collectionClass;
+NPIdentifier lengthIdentifier;
+NPIdentifier itemIdentifier;
+
+HbbTVComponentCollectionClass* ownerOf(NPObject* object) {
+    return static_cast<HbbTVComponentCollectionClass*>(reinterpret_cast<NPObjectHbbTV*>(object)->objectInstancePtr);
+}
+
+bool readItem(NPObject* object, int index, NPVariant* result) {
+    HbbTVComponentCollectionClass* owner = ownerOf(object);
+    NPObject* found = owner ? owner->item(index) : nullptr;
+    if (!found) {
+        return false;
+    }
+    OBJECT_TO_NPVARIANT(NPN_RetainObject(found), *result);
+    return true;
+}
+
+// The engine remembers positive answers by class: every index exists, and an empty one reads as undefined.
+bool hasProperty(NPObject*, NPIdentifier name) {
+    return name == lengthIdentifier || !NPN_IdentifierIsString(name);
+}
+
+bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
+    if (name == lengthIdentifier) {
+        HbbTVComponentCollectionClass* owner = ownerOf(object);
+        INT32_TO_NPVARIANT(owner ? owner->length() : 0, *result);
+        return true;
+    }
+    return !NPN_IdentifierIsString(name) && readItem(object, NPN_IntFromIdentifier(name), result);
+}
+
+bool setProperty(NPObject*, NPIdentifier, const NPVariant*) {
+    return false;
+}
+
+bool hasMethod(NPObject*, NPIdentifier name) {
+    return name == itemIdentifier;
+}
+
+bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t argCount, NPVariant* result) {
+    if (name != itemIdentifier) {
+        return false;
+    }
+    NULL_TO_NPVARIANT(*result);
+    double index = -1;
+    if (argCount > 0 && NPVARIANT_IS_INT32(args[0])) {
+        index = NPVARIANT_TO_INT32(args[0]);
+    } else if (argCount > 0 && NPVARIANT_IS_DOUBLE(args[0])) {
+        index = trunc(NPVARIANT_TO_DOUBLE(args[0]));
+    }
+    HbbTVComponentCollectionClass* owner = ownerOf(object);
+    if (owner && index >= 0 && index < owner->length()) {
+        readItem(object, static_cast<int>(index), result);
+    }
+    return true;
+}
+
+// Whether it is active does not matter: a component stays the same object when the selection changes.
+bool sameComponent(const Hbbtv_AL_ComponentInfo& a, const Hbbtv_AL_ComponentInfo& b) {
+    return a.type == b.type && a.pid == b.pid && a.componentTag == b.componentTag && a.encrypted == b.encrypted &&
+           !strcmp(a.encoding, b.encoding) && !strcmp(a.language, b.language) &&
+           fabs(a.aspectRatio - b.aspectRatio) < 0.001 && a.audioDescription == b.audioDescription &&
+           a.audioChannels == b.audioChannels && a.hearingImpaired == b.hearingImpaired;
+}
+
+void appendComponents(int player, AVComponentType type, bool activeOnly, std::vector<Hbbtv_AL_ComponentInfo>* list) {
+    std::vector<Hbbtv_AL_ComponentInfo> components(16);
+    int count = 0;
+    for (;;) {
+        count = Hbbtv_AL_MediaPlayerGetComponents(player, type, components.data(), static_cast<int>(components.size()));
+        if (count <= static_cast<int>(components.size())) {
+            break;
+        }
+        components.resize(static_cast<size_t>(count));
+    }
+    for (int i = 0; i < count; ++i) {
+        Hbbtv_AL_ComponentInfo& info = components[static_cast<size_t>(i)];
+        if (activeOnly && !info.active) {
+            continue;
+        }
+        info.type = type;
+        info.encoding[sizeof info.encoding - 1] = '\0';
+        info.language[sizeof info.language - 1] = '\0';
+        list->push_back(info);
+    }
+}
+
+} // namespace
+
+void initializeComponentCollectionNPClass() {
+    collectionClass.structVersion = NP_CLASS_STRUCT_VERSION;
+    collectionClass.allocate = HbbTVBaseClass::allocateRecord;
+    collectionClass.deallocate = HbbTVBaseClass::deallocateRecord;
+    collectionClass.hasMethod = hasMethod;
+    collectionClass.invoke = invoke;
+    collectionClass.hasProperty = hasProperty;
+    collectionClass.getProperty = getProperty;
+    collectionClass.setProperty = setProperty;
+    lengthIdentifier = NPN_GetStringIdentifier("length");
+    itemIdentifier = NPN_GetStringIdentifier("item");
+}
+
+HbbTVComponentCollectionClass::HbbTVComponentCollectionClass(NPP* instance, eAVComponentCollectionType_e type)
+    : m_instance(instance), m_type(type), m_JSObject(nullptr) {
+    m_JSObject = createRecord(*instance, &collectionClass, NPOBJECT_COMPONENT_COLLECTION_CLASS, type, this);
+}
+
+HbbTVComponentCollectionClass::~HbbTVComponentCollectionClass() {
+    detachRecord(m_JSObject);
+}
+
+void HbbTVComponentCollectionClass::update(int player) {
+    std::vector<Item> former;
+    former.swap(m_items);
+    for (const Hbbtv_AL_ComponentInfo& info : query(player)) {
+        const auto known = std::find_if(former.begin(), former.end(),
+                                        [&info](const Item& item) { return sameComponent(info, item.info); });
+        if (known == former.end()) {
+            m_items.push_back(makeItem(info));
+        } else {
+            m_items.push_back(std::move(*known));
+            former.erase(known);
+        }
+    }
+}
+
+NPObject* HbbTVComponentCollectionClass::getNPObject() {
+    return reinterpret_cast<NPObject*>(m_JSObject);
+}
+
+int HbbTVComponentCollectionClass::length() const {
+    return static_cast<int>(m_items.size());
+}
+
+NPObject* HbbTVComponentCollectionClass::item(int index) {
+    if (index < 0 || index >= length()) {
+        return nullptr;
+    }
+    const Item& found = m_items[static_cast<size_t>(index)];
+    if (found.video) {
+        return found.video->getNPObject();
+    }
+    return found.audio ? found.audio->getNPObject() : found.subtitle->getNPObject();
+}
+
+std::vector<Hbbtv_AL_ComponentInfo> HbbTVComponentCollectionClass::query(int player) const {
+    std::vector<Hbbtv_AL_ComponentInfo> list;
+    if (!Hbbtv_AL_MediaPlayerGetComponents || player < 0) {
+        return list;
+    }
+    switch (m_type) {
+    case AVAILABLE_VIDEO_COMPONENTS_COLLECTION:
+    case ACTIVE_VIDEO_COMPONENTS_COLLECTION:
+        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, m_type == ACTIVE_VIDEO_COMPONENTS_COLLECTION, &list);
+        break;
+    case AVAILABLE_AUDIO_COMPONENTS_COLLECTION:
+    case ACTIVE_AUDIO_COMPONENTS_COLLECTION:
+        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, m_type == ACTIVE_AUDIO_COMPONENTS_COLLECTION, &list);
+        break;
+    case AVAILABLE_SUBTITLE_COMPONENTS_COLLECTION:
+    case ACTIVE_SUBTITLE_COMPONENTS_COLLECTION:
+        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, m_type == ACTIVE_SUBTITLE_COMPONENTS_COLLECTION, &list);
+        break;
+    case AVAILABLE_ALL_COMPONENTS_COLLECTION:
+        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, false, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, false, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, false, &list);
+        break;
+    }
+    return list;
+}
+
+HbbTVComponentCollectionClass::Item HbbTVComponentCollectionClass::makeItem(const Hbbtv_AL_ComponentInfo& info) {
+    Item item;
+    item.info = info;
+    switch (info.type) {
+    case AV_COMPONENT_TYPE_VIDEO:
+        item.video = std::make_unique<HbbTVVideoComponentClass>(m_instance, info);
+        break;
+    case AV_COMPONENT_TYPE_AUDIO:
+        item.audio = std::make_unique<HbbTVAudioComponentClass>(m_instance, info);
+        break;
+    default:
+        item.subtitle = std::make_unique<HbbTVSubtitleComponentClass>(m_instance, info);
+        break;
+    }
+    return item;
+}

@@ -1,0 +1,93 @@
+#include "AsyncCalls.h"
+
+#include "BrowserFunctions.h"
+
+#include <algorithm>
+#include <deque>
+#include <mutex>
+#include <vector>
+
+namespace {
+
+struct Call {
+    NPP instance;
+    void (*func)(void*);
+    void* userData;
+};
+
+struct Queue {
+    std::mutex mutex;
+    std::vector<NPP> open;
+    std::deque<Call> waiting;
+};
+
+// Made at the first use and kept: a player's thread may still be in here when the process ends.
+Queue& queue() {
+    static Queue* const theQueue = new Queue;
+    return *theQueue;
+}
+
+bool isOpen(const Queue& q, NPP instance) {
+    return std::find(q.open.begin(), q.open.end(), instance) != q.open.end();
+}
+
+/// Takes the oldest waiting call that `wanted` accepts.
+template <class Predicate> bool take(Predicate wanted, Call* call) {
+    Queue& q = queue();
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    const auto found = std::find_if(q.waiting.begin(), q.waiting.end(), wanted);
+    if (found == q.waiting.end()) {
+        return false;
+    }
+    *call = *found;
+    q.waiting.erase(found);
+    return true;
+}
+
+template <class Predicate> void runAll(Predicate wanted) {
+    Call call;
+    while (take(wanted, &call)) {
+        call.func(call.userData);
+    }
+}
+
+/// The engine's turn for one call of the instance: each wake-up runs one, so that other work gets its turn between.
+void wakeUp(void* instance) {
+    Call call;
+    if (take([instance](const Call& waiting) { return waiting.instance == instance; }, &call)) {
+        call.func(call.userData);
+    }
+}
+
+} // namespace
+
+void openAsyncCalls(NPP instance) {
+    drainAsyncCalls();
+    Queue& q = queue();
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    q.open.push_back(instance);
+}
+
+void closeAsyncCalls(NPP instance) {
+    Queue& q = queue();
+    {
+        const std::lock_guard<std::mutex> lock(q.mutex);
+        q.open.erase(std::remove(q.open.begin(), q.open.end(), instance), q.open.end());
+    }
+    runAll([instance](const Call& waiting) { return waiting.instance == instance; });
+}
+
+void drainAsyncCalls() {
+    Queue& q = queue();
+    runAll([&q](const Call& waiting) { return !isOpen(q, waiting.instance); });
+}
+
+void queueAsyncCall(NPP instance, void (*func)(void*), void* userData) {
+    Queue& q = queue();
+    // Under the lock, so that the instance is not destroyed between the question and the engine's own look-up.
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    q.waiting.push_back({instance, func, userData});
+    if (isOpen(q, instance)) {
+        browserFunctions().pluginthreadasynccall(instance, wakeUp, instance);
+    }
+}

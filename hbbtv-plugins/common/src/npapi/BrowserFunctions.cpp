@@ -1,0 +1,126 @@
+// The NPN_ functions for engines that pass theirs in a table. A program that defines NPN_ functions of its own, as a
+// television's browser does, takes their place.
+#include "BrowserFunctions.h"
+
+#include "AsyncCalls.h"
+#include "HbbTVExport.h"
+#include "PageCallTrace.h"
+
+#include <algorithm>
+#include <string.h>
+
+namespace {
+
+NPNetscapeFuncs functions;
+
+bool complete(const NPNetscapeFuncs& table) {
+    return table.memalloc && table.memfree && table.getvalue && table.setvalue && table.getstringidentifier &&
+           table.getintidentifier && table.identifierisstring && table.utf8fromidentifier && table.intfromidentifier &&
+           table.createobject && table.retainobject && table.releaseobject && table.invoke && table.invokeDefault &&
+           table.getproperty && table.setproperty && table.releasevariantvalue && table.setexception &&
+           table.pluginthreadasynccall;
+}
+
+} // namespace
+
+NPError setBrowserFunctions(const NPNetscapeFuncs* browser) {
+    if (!browser) {
+        return NPERR_INVALID_FUNCTABLE_ERROR;
+    }
+    if (browser->version >> 8 > NP_VERSION_MAJOR) {
+        return NPERR_INCOMPATIBLE_VERSION_ERROR;
+    }
+    NPNetscapeFuncs table;
+    memset(&table, 0, sizeof table);
+    memcpy(&table, browser, std::min<size_t>(browser->size, sizeof table));
+    if (!complete(table)) {
+        return NPERR_INVALID_FUNCTABLE_ERROR;
+    }
+    functions = table;
+    return NPERR_NO_ERROR;
+}
+
+const NPNetscapeFuncs& browserFunctions() {
+    return functions;
+}
+
+HBBTV_EXPORT NPError NPN_GetValue(NPP instance, NPNVariable variable, void* value) {
+    return functions.getvalue(instance, variable, value);
+}
+
+HBBTV_EXPORT NPError NPN_SetValue(NPP instance, NPPVariable variable, void* value) {
+    return functions.setvalue(instance, variable, value);
+}
+
+HBBTV_EXPORT void* NPN_MemAlloc(uint32_t size) {
+    return functions.memalloc(size);
+}
+
+HBBTV_EXPORT void NPN_MemFree(void* ptr) {
+    functions.memfree(ptr);
+}
+
+HBBTV_EXPORT void NPN_PluginThreadAsyncCall(NPP plugin, void (*func)(void*), void* userData) {
+    queueAsyncCall(plugin, func, userData);
+}
+
+HBBTV_EXPORT NPObject* NPN_CreateObject(NPP npp, NPClass* aClass) {
+    return functions.createobject(npp, aClass);
+}
+
+HBBTV_EXPORT NPObject* NPN_RetainObject(NPObject* obj) {
+    return obj ? functions.retainobject(obj) : nullptr;
+}
+
+HBBTV_EXPORT void NPN_ReleaseObject(NPObject* obj) {
+    if (obj) {
+        functions.releaseobject(obj);
+    }
+}
+
+HBBTV_EXPORT void NPN_ReleaseVariantValue(NPVariant* variant) {
+    functions.releasevariantvalue(variant);
+}
+
+HBBTV_EXPORT NPIdentifier NPN_GetStringIdentifier(const NPUTF8* name) {
+    return functions.getstringidentifier(name);
+}
+
+HBBTV_EXPORT NPIdentifier NPN_GetIntIdentifier(int32_t intid) {
+    return functions.getintidentifier(intid);
+}
+
+HBBTV_EXPORT bool NPN_IdentifierIsString(NPIdentifier identifier) {
+    return functions.identifierisstring(identifier);
+}
+
+HBBTV_EXPORT NPUTF8* NPN_UTF8FromIdentifier(NPIdentifier identifier) {
+    return functions.utf8fromidentifier(identifier);
+}
+
+HBBTV_EXPORT int32_t NPN_IntFromIdentifier(NPIdentifier identifier) {
+    return functions.intfromidentifier(identifier);
+}
+
+HBBTV_EXPORT bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, const NPVariant* args,
+                             uint32_t argCount, NPVariant* result) {
+    return functions.invoke(npp, npobj, methodName, args, argCount, result);
+}
+
+HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* args, uint32_t argCount,
+                                    NPVariant* result) {
+    const PageCallTrace trace(npp, npobj, args, argCount);
+    return trace.finished(functions.invokeDefault(npp, npobj, args, argCount, result));
+}
+
+HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {
+    return functions.getproperty(npp, npobj, propertyName, result);
+}
+
+HBBTV_EXPORT bool NPN_SetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, const NPVariant* value) {
+    return functions.setproperty(npp, npobj, propertyName, value);
+}
+
+HBBTV_EXPORT void NPN_SetException(NPObject* npobj, const NPUTF8* message) {
+    functions.setexception(npobj, message);
+}
