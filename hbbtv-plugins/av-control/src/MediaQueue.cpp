@@ -1,0 +1,59 @@
+// The media that is to follow the one that plays: at most one waits.
+#include "Internals.h"
+#include "Log.h"
+#include "ScriptNames.h"
+#include "Slots.h"
+
+#include <string.h>
+
+static constexpr uint32_t TOO_SHORT_URL = 4;
+
+/// @return false when the address is one that `data` refuses whole: nothing is then started
+static bool playNow(VideoPlugin& plugin, const NPVariant& url) {
+    const bool taken = static_cast<PluginBaseClass&>(plugin).setProperty(piProperties[data], &url);
+    if (!taken && NPVARIANT_TO_STRING(url).UTF8Length > TOO_SHORT_URL) {
+        return false;
+    }
+    plugin.Play(intVariant(1));
+    return true;
+}
+
+NPVariant VideoPlugin::Queue(NPVariant url) {
+    if (!NPVARIANT_IS_STRING(url)) {
+        LOG("queue url not is string\n");
+        m_bUrlIsQueued = false;
+        memset(m_acQueuedUrlBuffer, 0, sizeof m_acQueuedUrlBuffer);
+        return boolVariant(true);
+    }
+    if (m_bUrlIsQueued) {
+        LOG_WARN("media item is already queued\n");
+        return boolVariant(false);
+    }
+    const NPString& text = NPVARIANT_TO_STRING(url);
+    if (text.UTF8Length > LONGEST_URL) {
+        LOG_ERROR("queue refused: %u bytes, at most %u are taken\n", text.UTF8Length, LONGEST_URL);
+        return boolVariant(false);
+    }
+    switch (currentPlayState(*this)) {
+    case MP_STOPPED:
+    case MP_FINISHED:
+        LOG("queue() called in MP_STOPPED or MP_FINISHED state\n");
+        return boolVariant(playNow(*this, url));
+    case MP_PLAYING:
+    case MP_PAUSED:
+    case MP_CONNECTING:
+    case MP_BUFFERING:
+        LOG("queue() called in MP_PLAYING or MP_PAUSED or MP_CONNECTING or BUFFERINGstate\n");
+        memset(m_acQueuedUrlBuffer, 0, sizeof m_acQueuedUrlBuffer);
+        m_bUrlIsQueued = text.UTF8Length > 0;
+        if (m_bUrlIsQueued) {
+            memcpy(m_acQueuedUrlBuffer, text.UTF8Characters, text.UTF8Length);
+            LOG("queueing this media : %s\n", m_acQueuedUrlBuffer);
+        } else {
+            LOG("queueing empty URL, clear buffer\n");
+        }
+        return boolVariant(true);
+    default:
+        return boolVariant(true);
+    }
+}

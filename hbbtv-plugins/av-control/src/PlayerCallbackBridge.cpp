@@ -1,0 +1,142 @@
+// The road to the plug-in thread: of the player's reports from the player's thread, and of the object's own
+// notifications from the script call that caused them to a later turn.
+#include "Internals.h"
+#include "Log.h"
+#include "ScriptNames.h"
+#include "Slots.h"
+
+#include "HbbTVClasses/HbbTVAVControlDOMEventClass.h"
+
+#include <stdlib.h>
+
+static void MediaPlayerVideoPluginCallback(void* param) {
+    callbackData* record = static_cast<callbackData*>(param);
+    if (!record) {
+        return;
+    }
+    if (findHandleFromList(record->objectHandle)) {
+        record->objectHandle->MediaCallback(record->event, record->code, record->data);
+    }
+    free(record->data);
+    free(record);
+}
+
+void MediaPlayerVideoPluginWrapper(unsigned int playerId, eMEDIA_CALLBACK_EVENT event, int code, void* callbackBlock,
+                                   void* userData) {
+    LOG("MediaPlayerVideoPluginWrapper playerId:%d userData:%p\n\n", static_cast<int>(playerId), userData);
+    VideoPlugin* plugin = static_cast<VideoPlugin*>(userData);
+    NPP instance = nullptr;
+    if (!findInstanceHandle(plugin, &instance)) {
+        free(callbackBlock);
+        return;
+    }
+    LOG("!!!!!!!!!!!!!!!!!!!MediaCallback!!!!!!!!!!!!!!!!!!!!!!!!!!\n\n");
+    callbackData* record = nullptr;
+    if (!instance) {
+        LOG_ERROR("Report %d of player %d comes before initialize: it is dropped\n", event, static_cast<int>(playerId));
+    } else {
+        record = static_cast<callbackData*>(malloc(sizeof(callbackData)));
+        if (!record) {
+            LOG_ERROR("No memory for report %d of player %d: it is dropped\n", event, static_cast<int>(playerId));
+        }
+    }
+    if (!record) {
+        free(callbackBlock);
+        return;
+    }
+    record->objectHandle = plugin;
+    record->playerId = playerId;
+    record->event = event;
+    record->code = code;
+    record->data = callbackBlock;
+    NPN_PluginThreadAsyncCall(instance, MediaPlayerVideoPluginCallback, record);
+    LOG("!!!!!!!!!!!!!!!!!!!MediaCallback end!!!!!!!!!!!!!!!!!!!!!!!!!!\n\n");
+}
+
+static void freeEvent(eventData* record) {
+    free(record->data);
+    free(record);
+}
+
+static void deliverPlayState(VideoPlugin& plugin, int state) {
+    LOG("state = %d\n\n", state);
+    plugin.SetPlayState(state);
+    notifyPlayState(plugin, state);
+}
+
+static void deliverPosition(VideoPlugin& plugin, int position) {
+    LOG("pos = %d\n\n", position);
+    if (plugin.GetIsPropertySetFromListener(PlayPositionChanged)) {
+        HbbTVAVControlDOMEventClass* event = plugin.getDOMEventClass();
+        if (event) {
+            event->setAVControlDOMEventProperty("position", position);
+        }
+        LOG("PLAY_POSITION_CHANGED GetIsPropertySetFromListener ok\n\n");
+        callListener(plugin, PlayPositionChanged);
+    } else {
+        LOG("PLAY_POSITION_CHANGED GetIsPropertySetFromListener not ok\n\n");
+        callHandler(plugin, onPlayPositionChanged, intVariant(position));
+    }
+}
+
+static void AVControlPopEvent(void* param0) {
+    eventData* record = static_cast<eventData*>(param0);
+    if (!record) {
+        LOG_ERROR("popData is null !!!\n");
+        return;
+    }
+    if (!findHandleFromList(record->objectHandle)) {
+        LOG(" Don't find popData->objectHandle in pluginHandlelist\n");
+        freeEvent(record);
+        return;
+    }
+    LOG("event = %s\n\n", psProperties[record->event]);
+    switch (record->event) {
+    case onPlayStateChange:
+        deliverPlayState(*record->objectHandle, static_cast<const stateChangeData*>(record->data)->state);
+        break;
+    case onPlayPositionChanged:
+        deliverPosition(*record->objectHandle, static_cast<const posChangedData*>(record->data)->pos);
+        break;
+    default:
+        break;
+    }
+    freeEvent(record);
+}
+
+static void AVControlPushEvent(eventData* record) {
+    LOG("AVControlPushEvent\n\n");
+    NPP instance = nullptr;
+    if (findInstanceHandle(record->objectHandle, &instance)) {
+        NPN_PluginThreadAsyncCall(instance, AVControlPopEvent, record);
+    } else {
+        LOG(" Don't find popData->objectHandle in pluginHandlelist\n");
+        freeEvent(record);
+    }
+}
+
+/// Queues a notification that carries one number: both payloads are a single signed 32-bit field.
+template <class Payload>
+static void pushNumber(void* handle, PropertyNames_e event, int32_t Payload::*field, int number) {
+    eventData* record = static_cast<eventData*>(malloc(sizeof(eventData)));
+    Payload* payload = static_cast<Payload*>(malloc(sizeof(Payload)));
+    if (!record || !payload) {
+        LOG_ERROR("No memory to tell the page of %s %d\n", psProperties[event], number);
+        free(record);
+        free(payload);
+        return;
+    }
+    payload->*field = number;
+    record->objectHandle = static_cast<VideoPlugin*>(handle);
+    record->event = event;
+    record->data = payload;
+    AVControlPushEvent(record);
+}
+
+void AVControlPlayStateChange(void* handle, int state) {
+    pushNumber(handle, onPlayStateChange, &stateChangeData::state, state);
+}
+
+void AVControlPositionChanged(void* handle, int pos) {
+    pushNumber(handle, onPlayPositionChanged, &posChangedData::pos, pos);
+}

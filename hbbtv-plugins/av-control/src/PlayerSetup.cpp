@@ -1,0 +1,111 @@
+// The player's source and its place on the screen.
+#include "Internals.h"
+#include "Log.h"
+#include "Slots.h"
+
+#include <string.h>
+
+static constexpr uint32_t FULL_WIDTH = 1280;
+static constexpr uint32_t FULL_HEIGHT = 720;
+static constexpr uint32_t TOO_SHORT_URL = 4;
+
+bool VideoPlugin::SetInput() {
+    if (!m_pNpVarProperties || !NPVARIANT_IS_STRING(m_pNpVarProperties[data])) {
+        return false;
+    }
+    const NPString& source = NPVARIANT_TO_STRING(m_pNpVarProperties[data]);
+    if (source.UTF8Length > LONGEST_URL) {
+        LOG_ERROR("data refused as source: %u bytes, the player takes at most %u\n", source.UTF8Length, LONGEST_URL);
+        return false;
+    }
+    char url[LONGEST_URL + 1] = "";
+    if (source.UTF8Length > TOO_SHORT_URL) {
+        memcpy(url, source.UTF8Characters, source.UTF8Length);
+        url[source.UTF8Length] = '\0';
+        LOG("data: %s\n", url);
+    }
+    if (!strstr(url, "http")) {
+        return false;
+    }
+    Hbbtv_AL_MediaPlayerSetSource(m_hPlayer, url);
+    return true;
+}
+
+bool VideoPlugin::SetupPlayer(int x, int y, int w, int h) {
+    LOG("SetupPlayer : x %d, y %d, w %d, h %d\n", x, y, w, h);
+    if (m_hPlayer == -1) {
+        return true;
+    }
+    if (Hbbtv_AL_MediaPlayerSetWindow(m_hPlayer, x, y, w, h) != 1) {
+        LOG("Setting Hbbtv_AL_MediaPlayerSetWindow failed!\n");
+    }
+    if (m_pNpVarProperties) {
+        storeInSlot(&m_pNpVarProperties[width], intVariant(w));
+        storeInSlot(&m_pNpVarProperties[height], intVariant(h));
+    }
+    return true;
+}
+
+static void changeFullScreen(VideoPlugin& plugin, bool on) {
+    storeInSlot(&plugin.m_pNpVarProperties[fullScreen], boolVariant(on));
+    plugin.ExecutePropertyJSFunctionArgs(onFullScreenChange, nullptr, 0, false);
+}
+
+NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
+    if (!window || !m_pNpVarProperties) {
+        LOG_ERROR("setWindow without a window or script state: ignored\n");
+        return NPERR_NO_ERROR;
+    }
+    // The page's handler may have the browser change its record, or delete this object.
+    const NPWindow place = *window;
+    const bool isFull = readTruth(m_pNpVarProperties[fullScreen]);
+    const InstanceGuard guard(this);
+    if (place.width == FULL_WIDTH && place.height == FULL_HEIGHT && !isFull) {
+        changeFullScreen(*this, true);
+    } else if (place.width != FULL_WIDTH && place.height != FULL_HEIGHT && isFull) {
+        changeFullScreen(*this, false);
+    }
+    if (!guard.alive()) {
+        return NPERR_NO_ERROR;
+    }
+    if (place.x == m_nX && place.y == m_nY && place.width == m_nW && place.height == m_nH) {
+        return NPERR_NO_ERROR;
+    }
+    m_nX = place.x;
+    m_nY = place.y;
+    m_nW = place.width;
+    m_nH = place.height;
+    if (m_nW == FULL_WIDTH && m_nH == FULL_HEIGHT) {
+        m_nX = 0;
+        m_nY = 0;
+    }
+    SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));
+    return NPERR_NO_ERROR;
+}
+
+NPVariant VideoPlugin::SetFullScreen(NPVariant fullscreen) {
+    if (!m_pNpVarProperties) {
+        return boolVariant(true);
+    }
+    const bool on = readTruth(fullscreen);
+    if (on == readTruth(m_pNpVarProperties[fullScreen])) {
+        LOG("new FullScreen is equal to old FullScreen\n");
+        return boolVariant(true);
+    }
+    storeInSlot(&m_pNpVarProperties[fullScreen], boolVariant(on));
+    if (on) {
+        LOG("setFullScreen set player in fullscreen mode\n");
+        SetupPlayer(0, 0, static_cast<int>(FULL_WIDTH), static_cast<int>(FULL_HEIGHT));
+    } else {
+        LOG("setFullScreen  set player not in fullscreen mode\n");
+        SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));
+    }
+    ExecutePropertyJSFunctionArgs(onFullScreenChange, nullptr, 0, false);
+    return boolVariant(true);
+}
+
+void VideoPlugin::DestoryPlayer() {
+    if (Hbbtv_AL_MediaPlayerStop(m_hPlayer) == 0) {
+        LOG("ERROR from destructor, while stopping mmlib\n");
+    }
+}
