@@ -33,7 +33,7 @@ static SizeText sizeText(const NPVariant& value) {
         return size;
     }
     size.exists = true;
-    if (size.length <= LONGEST_SIZE_TEXT) {
+    if (size.length > 0 && size.length <= LONGEST_SIZE_TEXT) {
         memcpy(size.text, characters, size.length);
         size.text[size.length] = '\0';
     }
@@ -176,7 +176,7 @@ static void writeLoop(VideoPlugin& plugin, const NPVariant& value) {
     } else if (isText(value, "infinite")) {
         plugin.m_bRepeateUntilStop = true;
     } else if (NPVARIANT_IS_STRING(value)) {
-        LOG_ERROR("Wrong value for loop parm!\n");
+        LOG("Wrong value for loop parm!\n");
     }
 }
 

@@ -24,7 +24,9 @@ static int findListenerType(const NPVariant& npType, const NPVariant& npListener
         LOG_ERROR("Unable to allocate string buffer !\n");
         return -1;
     }
-    memcpy(name, type.UTF8Characters, type.UTF8Length);
+    if (type.UTF8Length > 0) {
+        memcpy(name, type.UTF8Characters, type.UTF8Length);
+    }
     name[type.UTF8Length] = '\0';
     const int index =
         HbbTVBaseClass::findIdentifier(piListenersPropertyIdentifiers, LISTENER_COUNT, NPN_GetStringIdentifier(name));

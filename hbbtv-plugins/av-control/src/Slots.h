@@ -7,6 +7,7 @@
 #include "npapi/npruntime.h"
 
 #include <limits.h>
+#include <math.h>
 #include <string.h>
 
 inline NPVariant voidVariant() {
@@ -95,24 +96,18 @@ inline bool handToScript(const NPVariant& slot, NPVariant* result) {
     return true;
 }
 
-/** @return the whole part of a number, the nearest int for one that is too large, 0 for no number at all */
+/** @return the whole part of a number, the nearest int for one that is too large; not for NaN */
 inline int truncateToInt(double number) {
-    if (number >= INT_MAX) {
-        return INT_MAX;
-    }
-    if (number <= INT_MIN) {
-        return INT_MIN;
-    }
-    return number == number ? static_cast<int>(number) : 0;
+    return number >= INT_MAX ? INT_MAX : number <= INT_MIN ? INT_MIN : static_cast<int>(number);
 }
 
-/** @param number receives an Int32 or Double. @return false for other types; `number` is then as it was */
+/** @param number receives an Int32 or Double. @return false for other types and NaN; `number` is then as it was */
 inline bool readNumber(const NPVariant& variant, double* number) {
     if (NPVARIANT_IS_INT32(variant)) {
         *number = NPVARIANT_TO_INT32(variant);
         return true;
     }
-    if (NPVARIANT_IS_DOUBLE(variant)) {
+    if (NPVARIANT_IS_DOUBLE(variant) && !isnan(NPVARIANT_TO_DOUBLE(variant))) {
         *number = NPVARIANT_TO_DOUBLE(variant);
         return true;
     }

@@ -91,7 +91,7 @@ static void playFromFinished(VideoPlugin& plugin, int requested) {
 NPVariant VideoPlugin::Play(NPVariant npSpeed) {
     int requested = 0;
     if (!readInt(npSpeed, &requested)) {
-        LOG_ERROR("SPEED IS NOT SUPPORTED TYPE\n");
+        LOG("SPEED IS NOT SUPPORTED TYPE\n");
     }
     const int state = currentPlayState(*this);
     SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));
@@ -151,7 +151,7 @@ bool VideoPlugin::CheckSeekPos(int pos) {
         return false;
     }
     if (pos > duration && duration != 0) {
-        LOG_ERROR("seek pos is error\n");
+        LOG("seek pos is error\n");
         return false;
     }
     return true;
@@ -169,14 +169,14 @@ static void reportUnmovedPosition(VideoPlugin& plugin) {
 NPVariant VideoPlugin::Seek(NPVariant pos) {
     const int state = currentPlayState(*this);
     LOG("Call seek in %d state\n", state);
-    if (!NPVARIANT_IS_DOUBLE(pos)) {
+    double requested = 0;
+    if (!NPVARIANT_IS_DOUBLE(pos) || !readNumber(pos, &requested)) {
         LOG_ERROR("seek argument type not allowed\n");
         return boolVariant(false);
     }
-    const double requested = NPVARIANT_TO_DOUBLE(pos);
     LOG("Seek to position %f\n", requested);
     if (!CheckSeekPos(truncateToInt(requested))) {
-        LOG_ERROR("seek position is error\n");
+        LOG("seek position is error\n");
         reportUnmovedPosition(*this);
         return boolVariant(false);
     }

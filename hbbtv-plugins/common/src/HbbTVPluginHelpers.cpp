@@ -13,7 +13,8 @@ bool readProperty(NPP instance, NPObject* object, const char* name, NPVariant* r
 }
 
 bool copyText(const NPVariant& value, char* buffer, size_t size) {
-    if (!NPVARIANT_IS_STRING(value) || NPVARIANT_TO_STRING(value).UTF8Length >= size) {
+    if (!NPVARIANT_IS_STRING(value) || NPVARIANT_TO_STRING(value).UTF8Length == 0 ||
+        NPVARIANT_TO_STRING(value).UTF8Length >= size) {
         return false;
     }
     const NPString& text = NPVARIANT_TO_STRING(value);

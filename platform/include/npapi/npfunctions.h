@@ -30,8 +30,8 @@ typedef struct _NPNetscapeFuncs {
     NPUnusedProcPtr destroystream;
     NPUnusedProcPtr status;
     const char* (*uagent)(NPP instance);
-    void (*memfree)(void* ptr);
     void* (*memalloc)(uint32_t size);
+    void (*memfree)(void* ptr);
     NPUnusedProcPtr memflush;
     NPUnusedProcPtr reloadplugins;
     NPUnusedProcPtr getJavaEnv;
@@ -55,7 +55,7 @@ typedef struct _NPNetscapeFuncs {
     bool (*invoke)(NPP npp, NPObject* obj, NPIdentifier methodName, const NPVariant* args, uint32_t argCount,
                    NPVariant* result);
     bool (*invokeDefault)(NPP npp, NPObject* obj, const NPVariant* args, uint32_t argCount, NPVariant* result);
-    NPUnusedProcPtr evaluate;
+    bool (*evaluate)(NPP npp, NPObject* obj, NPString* script, NPVariant* result);
     bool (*getproperty)(NPP npp, NPObject* obj, NPIdentifier propertyName, NPVariant* result);
     bool (*setproperty)(NPP npp, NPObject* obj, NPIdentifier propertyName, const NPVariant* value);
     NPUnusedProcPtr removeproperty;
@@ -135,6 +135,7 @@ NPError NP_GetValue(void* future, NPPVariable variable, void* value);
 }
 
 static_assert(sizeof(NPNetscapeFuncs) == (sizeof(void*) == 8 ? 448 : 224), "engines pass 55 functions");
+static_assert(offsetof(NPNetscapeFuncs, memalloc) == sizeof(void*) * 9, "order of the published table");
 static_assert(offsetof(NPNetscapeFuncs, getvalue) == sizeof(void*) * 17, "order of the published table");
 static_assert(offsetof(NPNetscapeFuncs, createobject) == sizeof(void*) * 28, "order of the published table");
 static_assert(offsetof(NPNetscapeFuncs, pluginthreadasynccall) == sizeof(void*) * 44, "order of the published table");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <math.h>
+#include <stdlib.h>
 #include <string.h>
 #include <utility>
 
@@ -9,6 +10,8 @@
 #pragma weak Hbbtv_AL_MediaPlayerGetComponents
 
 namespace {
+
+constexpr size_t LONGEST_INDEX = 9; // digits that always fit an int
 
 NPClass collectionClass;
 NPIdentifier lengthIdentifier;
@@ -28,9 +31,24 @@ bool readItem(NPObject* object, int index, NPVariant* result) {
     return true;
 }
 
+/// Reads an identifier as an index: engines pass `collection[1]` as the number 1 or as the name "1".
+/// @return the index, or -1
+int indexOf(NPIdentifier name) {
+    if (!NPN_IdentifierIsString(name)) {
+        return NPN_IntFromIdentifier(name);
+    }
+    NPUTF8* text = NPN_UTF8FromIdentifier(name);
+    int index = -1;
+    if (text && *text && strlen(text) <= LONGEST_INDEX && strspn(text, "0123456789") == strlen(text)) {
+        index = atoi(text);
+    }
+    NPN_MemFree(text);
+    return index;
+}
+
 // The engine remembers positive answers by class: every index exists, and an empty one reads as undefined.
 bool hasProperty(NPObject*, NPIdentifier name) {
-    return name == lengthIdentifier || !NPN_IdentifierIsString(name);
+    return name == lengthIdentifier || indexOf(name) >= 0;
 }
 
 bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
@@ -39,7 +57,7 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
         INT32_TO_NPVARIANT(owner ? owner->length() : 0, *result);
         return true;
     }
-    return !NPN_IdentifierIsString(name) && readItem(object, NPN_IntFromIdentifier(name), result);
+    return readItem(object, indexOf(name), result);
 }
 
 bool setProperty(NPObject*, NPIdentifier, const NPVariant*) {

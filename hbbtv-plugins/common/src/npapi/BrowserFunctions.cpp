@@ -5,6 +5,7 @@
 #include "AsyncCalls.h"
 #include "HbbTVExport.h"
 #include "PageCallTrace.h"
+#include "PageFunction.h"
 
 #include <algorithm>
 #include <string.h>
@@ -17,8 +18,8 @@ bool complete(const NPNetscapeFuncs& table) {
     return table.memalloc && table.memfree && table.getvalue && table.setvalue && table.getstringidentifier &&
            table.getintidentifier && table.identifierisstring && table.utf8fromidentifier && table.intfromidentifier &&
            table.createobject && table.retainobject && table.releaseobject && table.invoke && table.invokeDefault &&
-           table.getproperty && table.setproperty && table.releasevariantvalue && table.setexception &&
-           table.pluginthreadasynccall;
+           table.evaluate && table.getproperty && table.setproperty && table.releasevariantvalue &&
+           table.setexception && table.pluginthreadasynccall;
 }
 
 } // namespace
@@ -110,7 +111,14 @@ HBBTV_EXPORT bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, 
 HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* args, uint32_t argCount,
                                     NPVariant* result) {
     const PageCallTrace trace(npp, npobj, args, argCount);
-    return trace.finished(functions.invokeDefault(npp, npobj, args, argCount, result));
+    NPObject* function = pageFunctionBehind(npp, npobj);
+    const bool succeeded = function && functions.invokeDefault(npp, function, args, argCount, result);
+    NPN_ReleaseObject(function);
+    return trace.finished(succeeded);
+}
+
+HBBTV_EXPORT bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result) {
+    return functions.evaluate(npp, npobj, script, result);
 }
 
 HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {

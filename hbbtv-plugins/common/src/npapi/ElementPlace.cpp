@@ -62,7 +62,7 @@ bool addCorner(NPP npp, NPObject* element, double* x, double* y) {
 
 } // namespace
 
-bool findElementPlace(NPP npp, int32_t* x, int32_t* y) {
+bool findElementPlace(NPP npp, ElementPlace* place) {
     NPObject* element = nullptr;
     NPObject* window = nullptr;
     if (NPN_GetValue(npp, NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element ||
@@ -72,7 +72,10 @@ bool findElementPlace(NPP npp, int32_t* x, int32_t* y) {
     }
     double left = 0;
     double top = 0;
-    const bool found = addCorner(npp, element, &left, &top);
+    double width = 0;
+    double height = 0;
+    const bool found = addCorner(npp, element, &left, &top) && readNumber(npp, element, "clientWidth", &width) &&
+                       readNumber(npp, element, "clientHeight", &height) && width > 0 && height > 0;
     NPN_ReleaseObject(element);
     // The engine answers null for the frame of another origin: its own offset then stays unknown.
     while (NPObject* frame = found ? readObject(npp, window, "frameElement") : nullptr) {
@@ -86,7 +89,9 @@ bool findElementPlace(NPP npp, int32_t* x, int32_t* y) {
         }
     }
     NPN_ReleaseObject(window);
-    *x = static_cast<int32_t>(lround(left));
-    *y = static_cast<int32_t>(lround(top));
+    if (found) {
+        *place = {static_cast<int32_t>(lround(left)), static_cast<int32_t>(lround(top)),
+                  static_cast<uint32_t>(lround(width)), static_cast<uint32_t>(lround(height))};
+    }
     return found;
 }

@@ -1,5 +1,6 @@
 #include "PageCallTrace.h"
 
+#include "PageFunction.h"
 #include "PluginInstance.h"
 #include "PluginTrace.h"
 
@@ -24,13 +25,13 @@ std::string describeEvent(PluginInstance& instance, const char* listener, const 
 
 } // namespace
 
-PageCallTrace::PageCallTrace(NPP npp, NPObject* function, const NPVariant* args, uint32_t argCount)
+PageCallTrace::PageCallTrace(NPP npp, const NPObject* function, const NPVariant* args, uint32_t argCount)
     : m_instance(0), m_start(0) {
     PluginInstance* instance = pluginTraceIsOn() ? PluginInstance::of(npp) : nullptr;
     if (!instance) {
         return;
     }
-    const char* name = instance->pageFunctions().nameOf(function);
+    const char* name = pageFunctionName(function) ? pageFunctionName(function) : "function";
     m_text = name + (argCount == 1 && NPVARIANT_IS_OBJECT(args[0]) ? describeEvent(*instance, name, args[0])
                                                                    : describeArguments(args, argCount));
     m_instance = instance->number();

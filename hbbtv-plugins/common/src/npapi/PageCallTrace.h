@@ -9,7 +9,7 @@
 /** Made before the call; costs nothing while nobody observes. */
 class PageCallTrace {
 public:
-    PageCallTrace(NPP npp, NPObject* function, const NPVariant* args, uint32_t argCount);
+    PageCallTrace(NPP npp, const NPObject* function, const NPVariant* args, uint32_t argCount);
 
     /** The call has returned. @return `succeeded` */
     bool finished(bool succeeded) const;

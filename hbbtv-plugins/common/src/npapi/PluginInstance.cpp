@@ -2,14 +2,20 @@
 
 #include "AsyncCalls.h"
 #include "ElementPlace.h"
+#include "PageFunction.h"
 #include "PluginScriptObject.h"
 #include "PluginTrace.h"
 
-#include <string.h>
+#include <algorithm>
 
 namespace {
 
 int instancesMade = 0;
+
+std::vector<PluginInstance*>& liveInstances() {
+    static std::vector<PluginInstance*> instances;
+    return instances;
+}
 
 } // namespace
 
@@ -17,12 +23,15 @@ PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp)
     : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr), m_window(),
       m_reported(), m_hasWindow(false), m_placeScheduled(false) {
     m_npp->pdata = this;
+    liveInstances().push_back(this);
     openAsyncCalls(npp);
     m_plugin = module.create(nullptr);
 }
 
 PluginInstance::~PluginInstance() {
     m_npp->pdata = nullptr;
+    std::vector<PluginInstance*>& live = liveInstances();
+    live.erase(std::remove(live.begin(), live.end(), this), live.end());
     if (m_scriptObject) {
         m_scriptObject->instance = nullptr;
         NPN_ReleaseObject(&m_scriptObject->object);
@@ -36,6 +45,13 @@ PluginInstance::~PluginInstance() {
 
 PluginInstance* PluginInstance::of(NPP npp) {
     return npp ? static_cast<PluginInstance*>(npp->pdata) : nullptr;
+}
+
+PluginInstance* PluginInstance::withNumber(int number) {
+    const std::vector<PluginInstance*>& live = liveInstances();
+    const auto found = std::find_if(live.begin(), live.end(),
+                                    [number](const PluginInstance* instance) { return instance->m_number == number; });
+    return found == live.end() ? nullptr : *found;
 }
 
 bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* argn[], char* argv[],
@@ -82,11 +98,17 @@ void PluginInstance::adoptProperties() {
 
 bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
     if (pluginTraceIsOn()) {
-        const std::string property = describeIdentifier(name);
-        pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0, property + " = " + describeVariant(value));
-        m_pageFunctions.remember(property, NPVARIANT_IS_OBJECT(value) ? NPVARIANT_TO_OBJECT(value) : nullptr);
+        pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0,
+                         describeIdentifier(name) + " = " + describeVariant(value));
     }
-    return m_plugin->setProperty(name, &value);
+    if (!NPVARIANT_IS_OBJECT(value)) {
+        return m_plugin->setProperty(name, &value);
+    }
+    NPVariant kept;
+    OBJECT_TO_NPVARIANT(keepPageFunction(*this, describeIdentifier(name).c_str(), NPVARIANT_TO_OBJECT(value)), kept);
+    const bool taken = m_plugin->setProperty(name, &kept);
+    NPN_ReleaseVariantValue(&kept);
+    return taken;
 }
 
 NPObject* PluginInstance::scriptObject() {
@@ -124,23 +146,24 @@ void PluginInstance::place(void* npp) {
         return;
     }
     instance->m_placeScheduled = false;
-    int32_t x = instance->m_window.x;
-    int32_t y = instance->m_window.y;
-    findElementPlace(static_cast<NPP>(npp), &x, &y);
+    NPWindow window = instance->m_window;
+    ElementPlace place = {window.x, window.y, window.width, window.height};
+    findElementPlace(static_cast<NPP>(npp), &place);
     // The look at the page may have run layout, and layout may have ended the instance.
     instance = of(static_cast<NPP>(npp));
     if (!instance) {
         return;
     }
-    NPWindow window = instance->m_window;
     const NPWindow& reported = instance->m_reported;
-    const bool sameSize = window.width == reported.width && window.height == reported.height;
-    // In full-screen mode the browser moves the element itself; the place to come back to stays the former one.
-    if (sameSize && ((x == reported.x && y == reported.y) || instance->isFullScreen())) {
+    const bool sameSize = place.width == reported.width && place.height == reported.height;
+    // In full-screen mode the browser stretches the element itself; the place to come back to stays the former one.
+    if (sameSize && ((place.x == reported.x && place.y == reported.y) || instance->isFullScreen())) {
         return;
     }
-    window.x = x;
-    window.y = y;
+    window.x = place.x;
+    window.y = place.y;
+    window.width = place.width;
+    window.height = place.height;
     instance->m_reported = window;
     instance->m_plugin->setWindow(static_cast<NPP>(npp), &window);
 }

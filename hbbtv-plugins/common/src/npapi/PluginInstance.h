@@ -3,9 +3,10 @@
 #define PLUGININSTANCE_H
 
 #include "HbbTVModule.h"
-#include "PageFunctions.h"
 
 #include "npapi/npfunctions.h"
+
+#include <vector>
 
 struct PluginScriptObject;
 
@@ -22,6 +23,9 @@ public:
     /** @return the instance of a handle; null when it has gone */
     static PluginInstance* of(NPP npp);
 
+    /** @return the instance of a number; null when it goes or has gone */
+    static PluginInstance* withNumber(int number);
+
     /**
      * Initialises the plug-in and hands over attributes, parameters and what the page has set on the element.
      * Parameters as NPP_New.
@@ -29,7 +33,7 @@ public:
      */
     bool start(NPMIMEType type, uint16_t mode, int16_t argc, char* argn[], char* argv[], NPSavedData* saved);
 
-    /** The engine has laid the element out. @param window its size in pixels; engines may leave the position at 0, 0 */
+    /** The engine has laid the element out. @param window as of NPP_SetWindow: engines leave the position at 0, 0 */
     void laidOut(const NPWindow& window);
 
     /** The element may have moved: looks for its place when the present call of the engine has returned. */
@@ -45,7 +49,9 @@ public:
     PluginBaseClass* plugin() { return m_plugin; }
     NPP npp() const { return m_npp; }
     int number() const { return m_number; }
-    PageFunctions& pageFunctions() { return m_pageFunctions; }
+
+    /** Which of the element's places for functions of the page are taken. */
+    std::vector<bool>& functionPlaces() { return m_functionPlaces; }
 
 private:
     static void place(void* npp);
@@ -57,7 +63,7 @@ private:
     PluginBaseClass* m_plugin;
     int m_number;
     PluginScriptObject* m_scriptObject;
-    PageFunctions m_pageFunctions;
+    std::vector<bool> m_functionPlaces;
     NPWindow m_window;   ///< what the engine gave last
     NPWindow m_reported; ///< what the plug-in was given last
     bool m_hasWindow;

@@ -1,8 +1,11 @@
 #include "PluginScriptObject.h"
 
+#include "CollectionArray.h"
+#include "PageFunction.h"
 #include "PluginInstance.h"
 #include "PluginTrace.h"
 
+#include <algorithm>
 #include <string.h>
 
 // Script that a plug-in operation calls may delete the instance: nothing below touches it after such an operation.
@@ -30,30 +33,36 @@ bool hasMethod(NPObject* object, NPIdentifier name) {
     return instance && instance->plugin()->hasMethod(name);
 }
 
-/// The page registers or removes a listener: keeps its name for traces.
-void rememberListener(PluginInstance& instance, const std::string& method, const NPVariant* args, uint32_t argCount) {
-    if (argCount < 2 || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
-        return;
-    }
-    const NPString& type = NPVARIANT_TO_STRING(args[0]);
-    const std::string name(type.UTF8Characters, type.UTF8Length);
-    if (method == "addEventListener") {
-        instance.pageFunctions().remember(name, NPVARIANT_TO_OBJECT(args[1]));
-    } else if (method == "removeEventListener") {
-        instance.pageFunctions().remember(name, nullptr);
-    }
-}
-
 bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
                   uint32_t argCount, NPVariant* result) {
+    if (!pluginTraceIsOn()) {
+        return instance.plugin()->invoke(element, name, args, argCount, result);
+    }
     const int number = instance.number();
-    const std::string method = describeIdentifier(name);
-    const std::string call = method + describeArguments(args, argCount);
-    rememberListener(instance, method, args, argCount);
+    const std::string call = describeIdentifier(name) + describeArguments(args, argCount);
     const int64_t start = pluginTraceNow();
     const bool known = instance.plugin()->invoke(element, name, args, argCount, result);
     pluginTraceEntry(HBBTV_TRACE_CALL, number, start, pluginTraceNow() - start,
                      call + " -> " + describeVariant(*result));
+    return known;
+}
+
+/// Calls a method; a function of the page among the arguments, as of addEventListener, is kept under the name that the
+/// argument before it gives.
+bool invokeKeepingFunction(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
+                           uint32_t argCount, NPVariant* result) {
+    constexpr uint32_t MOST_ARGUMENTS = 3;
+    if (argCount < 2 || argCount > MOST_ARGUMENTS || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
+        return invokeTraced(instance, element, name, args, argCount, result);
+    }
+    const NPString& type = NPVARIANT_TO_STRING(args[0]);
+    NPVariant kept[MOST_ARGUMENTS];
+    std::copy(args, args + argCount, kept);
+    OBJECT_TO_NPVARIANT(keepPageFunction(instance, std::string(type.UTF8Characters, type.UTF8Length).c_str(),
+                                         NPVARIANT_TO_OBJECT(args[1])),
+                        kept[1]);
+    const bool known = invokeTraced(instance, element, name, kept, argCount, result);
+    NPN_ReleaseVariantValue(&kept[1]);
     return known;
 }
 
@@ -68,9 +77,11 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
     if (NPN_GetValue(instance->npp(), NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
         element = NPN_RetainObject(object);
     }
-    const bool known = pluginTraceIsOn() ? invokeTraced(*instance, element, name, args, argCount, result)
-                                         : instance->plugin()->invoke(element, name, args, argCount, result);
+    const bool known = invokeKeepingFunction(*instance, element, name, args, argCount, result);
     NPN_ReleaseObject(element);
+    if (known && instanceOf(object)) {
+        presentAsArray(instanceOf(object)->npp(), result);
+    }
     return known;
 }
 
@@ -91,6 +102,16 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
         return false;
     }
     const bool found = instance->plugin()->getProperty(name, result);
+    if (found && NPVARIANT_IS_OBJECT(*result)) {
+        NPObject* kept = NPVARIANT_TO_OBJECT(*result);
+        NPObject* function = pageFunctionBehind(instance->npp(), kept);
+        NPN_ReleaseObject(kept);
+        if (function) {
+            OBJECT_TO_NPVARIANT(function, *result);
+        } else {
+            NULL_TO_NPVARIANT(*result);
+        }
+    }
     if (pluginTraceIsOn()) {
         pluginTraceEntry(HBBTV_TRACE_READ, instance->number(), pluginTraceNow(), 0,
                          describeIdentifier(name) + " -> " + (found ? describeVariant(*result) : "no value"));
