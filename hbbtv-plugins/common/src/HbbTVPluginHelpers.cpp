@@ -32,7 +32,7 @@ bool GetPageUrl(NPP* instance, char* url, size_t size) {
     url[0] = '\0';
     NPObject* window = nullptr;
     if (!instance || NPN_GetValue(*instance, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
-        FRAMEWORK_LOG_ERROR("The browser gives no window: the page's address is not known\n");
+        FRAMEWORK_LOG("The browser gives no window: the page's address is not known\n");
         return false;
     }
     bool found = false;
@@ -47,8 +47,8 @@ bool GetPageUrl(NPP* instance, char* url, size_t size) {
     }
     NPN_ReleaseObject(window);
     if (!found) {
-        FRAMEWORK_LOG_ERROR("The page has no address of at most %u bytes in window.location.href\n",
-                            static_cast<unsigned>(size - 1));
+        FRAMEWORK_LOG("The page has no address of at most %u bytes in window.location.href\n",
+                      static_cast<unsigned>(size - 1));
     }
     return found;
 }

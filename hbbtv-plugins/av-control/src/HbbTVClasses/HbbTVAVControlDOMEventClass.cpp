@@ -120,11 +120,15 @@ HbbTVAVControlDOMEventClass::~HbbTVAVControlDOMEventClass() {
     }
     LOG("To remove NPObject...\n");
     if (m_JSObject) {
-        // Script may still hold the record: it stays, without an owner, until the last reference has been given back.
         NPObjectHbbTV* record = reinterpret_cast<NPObjectHbbTV*>(m_JSObject);
         NPN_ReleaseObject(record->npObject);
         record->npObject = nullptr;
-        detachRecord(record);
+        if (record->referenceCount == 1) {
+            NPN_MemFree(record);
+        } else {
+            // Script still holds it: it stays, without an owner, until the last reference has been given back.
+            detachRecord(record);
+        }
     }
     LOG("To delete property slots...\n");
     if (m_NPVariantProperties) {

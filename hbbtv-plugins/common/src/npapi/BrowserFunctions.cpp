@@ -105,7 +105,8 @@ HBBTV_EXPORT int32_t NPN_IntFromIdentifier(NPIdentifier identifier) {
 
 HBBTV_EXPORT bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, const NPVariant* args,
                              uint32_t argCount, NPVariant* result) {
-    return functions.invoke(npp, npobj, methodName, args, argCount, result);
+    const PageArguments arguments(npp, args, argCount);
+    return functions.invoke(npp, npobj, methodName, arguments.values(), argCount, result);
 }
 
 HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* args, uint32_t argCount,

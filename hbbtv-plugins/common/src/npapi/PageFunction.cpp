@@ -53,16 +53,37 @@ void deallocate(NPObject* object) {
     NPN_MemFree(object);
 }
 
+// Engines call these without asking whether they are there, should a stand-in ever reach script.
+bool hasNothing(NPObject*, NPIdentifier) {
+    return false;
+}
+
+bool invokeNothing(NPObject*, NPIdentifier, const NPVariant*, uint32_t, NPVariant*) {
+    return false;
+}
+
+bool invokeDefault(NPObject*, const NPVariant*, uint32_t, NPVariant*) {
+    return false;
+}
+
+bool readNothing(NPObject*, NPIdentifier, NPVariant*) {
+    return false;
+}
+
+bool writeNothing(NPObject*, NPIdentifier, const NPVariant*) {
+    return false;
+}
+
 NPClass pageFunctionClass = {NP_CLASS_STRUCT_VERSION,
                              allocate,
                              deallocate,
                              nullptr,
-                             nullptr,
-                             nullptr,
-                             nullptr,
-                             nullptr,
-                             nullptr,
-                             nullptr,
+                             hasNothing,
+                             invokeNothing,
+                             invokeDefault,
+                             hasNothing,
+                             readNothing,
+                             writeNothing,
                              nullptr,
                              nullptr,
                              nullptr};
@@ -118,4 +139,32 @@ NPObject* pageFunctionBehind(NPP npp, NPObject* object) {
         NPN_ReleaseVariantValue(&function);
     }
     return found && NPVARIANT_IS_OBJECT(function) ? NPVARIANT_TO_OBJECT(function) : nullptr;
+}
+
+PageArguments::PageArguments(NPP npp, const NPVariant* args, uint32_t count) : m_args(args) {
+    const auto isStandIn = [](const NPVariant& value) {
+        return NPVARIANT_IS_OBJECT(value) && pageFunctionName(NPVARIANT_TO_OBJECT(value));
+    };
+    if (std::none_of(args, args + count, isStandIn)) {
+        return;
+    }
+    m_copies.assign(args, args + count);
+    for (NPVariant& value : m_copies) {
+        if (NPVARIANT_IS_OBJECT(value)) {
+            NPObject* function = pageFunctionBehind(npp, NPVARIANT_TO_OBJECT(value));
+            if (function) {
+                OBJECT_TO_NPVARIANT(function, value);
+            } else {
+                NULL_TO_NPVARIANT(value);
+            }
+        }
+    }
+}
+
+PageArguments::~PageArguments() {
+    for (const NPVariant& value : m_copies) {
+        if (NPVARIANT_IS_OBJECT(value)) {
+            NPN_ReleaseObject(NPVARIANT_TO_OBJECT(value));
+        }
+    }
 }

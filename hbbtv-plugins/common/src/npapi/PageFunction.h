@@ -10,6 +10,8 @@
 
 #include "npapi/npruntime.h"
 
+#include <vector>
+
 class PluginInstance;
 
 /**
@@ -25,5 +27,21 @@ const char* pageFunctionName(const NPObject* object);
 
 /** @return the function behind a stand-in, any other object as it is, with a reference for the caller; null: gone */
 NPObject* pageFunctionBehind(NPP npp, NPObject* object);
+
+/** Arguments for a call of the page, in which the functions themselves take the place of their stand-ins. */
+class PageArguments {
+public:
+    PageArguments(NPP npp, const NPVariant* args, uint32_t count);
+    ~PageArguments();
+    PageArguments(const PageArguments&) = delete;
+    PageArguments& operator=(const PageArguments&) = delete;
+
+    /** @return as many values as were given, valid as long as this object is */
+    const NPVariant* values() const { return m_copies.empty() ? m_args : m_copies.data(); }
+
+private:
+    const NPVariant* m_args;
+    std::vector<NPVariant> m_copies; ///< empty when there is no stand-in; each Object in it has a reference
+};
 
 #endif

@@ -131,6 +131,12 @@ void PluginInstance::maybeMoved() {
     }
 }
 
+void PluginInstance::settlePlace() {
+    if (m_placeScheduled) {
+        place(m_npp);
+    }
+}
+
 bool PluginInstance::isFullScreen() {
     NPVariant value;
     VOID_TO_NPVARIANT(value);
@@ -142,7 +148,7 @@ bool PluginInstance::isFullScreen() {
 
 void PluginInstance::place(void* npp) {
     PluginInstance* instance = of(static_cast<NPP>(npp));
-    if (!instance) {
+    if (!instance || !instance->m_placeScheduled) {
         return;
     }
     instance->m_placeScheduled = false;

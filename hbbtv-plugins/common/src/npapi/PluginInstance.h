@@ -39,6 +39,9 @@ public:
     /** The element may have moved: looks for its place when the present call of the engine has returned. */
     void maybeMoved();
 
+    /** Looks for the element's place now if that is due. Script may run, and the instance may be gone afterwards. */
+    void settlePlace();
+
     /** Script writes a property. The instance may be gone afterwards. @return false when it is refused */
     bool write(NPIdentifier name, const NPVariant& value);
 

@@ -72,6 +72,12 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
         return false;
     }
     VOID_TO_NPVARIANT(*result);
+    // So that play() and setFullScreen() know the element's rectangle when a page calls them at once.
+    instance->settlePlace();
+    instance = instanceOf(object);
+    if (!instance) {
+        return false;
+    }
     // A DOM event raised on the plug-in's own script object reaches nobody; on the element it does.
     NPObject* element = nullptr;
     if (NPN_GetValue(instance->npp(), NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
