@@ -1,0 +1,46 @@
+/** A player's picture: its newest frame and its place on the screen. */
+#ifndef MEDIA_CONTROL_PICTURE_H
+#define MEDIA_CONTROL_PICTURE_H
+
+#include "GstPointer.h"
+#include "media_picture.h"
+
+#include <mutex>
+
+namespace media {
+
+class Picture {
+public:
+    explicit Picture(int player);
+
+    /** Frames of this run are shown from now on. Thread: any, as for all the others. */
+    void open(unsigned run);
+
+    /** Drops the frame and shows none that come late. */
+    void close();
+
+    /** A new frame; ignored unless its run is the open one. */
+    void show(unsigned run, SamplePtr sample);
+
+    /** @return false when the place is the same as before */
+    bool setWindow(int x, int y, int width, int height);
+    MediaPictureWindow window() const;
+
+    /** @return true when there is a frame and a place to show it */
+    bool isVisible() const;
+
+    /** As mediaPictureAcquire. */
+    bool acquire(MediaPicture& picture) const;
+
+private:
+    const int m_player;
+    mutable std::mutex m_mutex; // guards all below
+    unsigned m_run = 0;         // 0: closed
+    SamplePtr m_sample;
+    uint64_t m_serial = 0;
+    MediaPictureWindow m_window;
+};
+
+} // namespace media
+
+#endif

@@ -1,0 +1,328 @@
+#include "Playback.h"
+
+#include "AudioSink.h"
+#include "HttpSource.h"
+#include "MediaLog.h"
+#include "MediaTrace.h"
+#include "MissingPlugin.h"
+#include "PipelineEnd.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <gst/pbutils/missing-plugins.h>
+#include <limits>
+#include <unistd.h>
+
+namespace media {
+namespace {
+
+// From GStreamer's GstPlayFlags, which no header offers: video, audio, software volume. Without text: this player draws
+// no subtitles.
+constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x10;
+constexpr guint PLAY_FLAG_DOWNLOAD = 0x80;
+constexpr guint PLAY_FLAG_BUFFERING = 0x100;
+
+// The film starts when that much is there; the default waits for most of a short film.
+constexpr guint START_BYTES = 200'000;
+
+constexpr guint WATCHDOG_PERIOD_MS = 500;
+constexpr gint64 STALL_LIMIT_US = 8'000'000;
+constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another speed
+
+// An end that comes earlier than this before the duration means that data is missing.
+constexpr int64_t CUT_TOLERANCE_MS = 2000;
+
+struct SourceSetup {
+    bool televisionUserAgent;
+    std::shared_ptr<LastActivity> lastActivity;
+};
+
+GstPadProbeReturn onData(GstPad* /*pad*/, GstPadProbeInfo* /*info*/, gpointer data) {
+    **static_cast<std::shared_ptr<LastActivity>*>(data) = g_get_monotonic_time();
+    return GST_PAD_PROBE_OK;
+}
+
+void noteActivity(GstElement* element, const char* padName, const std::shared_ptr<LastActivity>& lastActivity) {
+    const PadPtr pad(gst_element_get_static_pad(element, padName));
+    if (pad) {
+        gst_pad_add_probe(
+            pad.get(), static_cast<GstPadProbeType>(GST_PAD_PROBE_TYPE_BUFFER | GST_PAD_PROBE_TYPE_BUFFER_LIST),
+            &onData, new std::shared_ptr<LastActivity>(lastActivity), &deleteUserData<std::shared_ptr<LastActivity>>);
+    }
+}
+
+void onSourceSetup(GstElement* /*playbin*/, GstElement* source, gpointer data) {
+    const auto* setup = static_cast<const SourceSetup*>(data);
+    if (setup->televisionUserAgent) {
+        setTelevisionUserAgent(source);
+    }
+    noteActivity(source, "src", setup->lastActivity);
+}
+
+/** Only a film that is downloaded while it plays can be played backwards; GStreamer puts it into the user's cache. */
+guint playFlags() {
+    const char* cache = g_get_user_cache_dir();
+    const bool canDownload = g_mkdir_with_parents(cache, 0700) == 0 && access(cache, W_OK) == 0;
+    return PLAY_FLAGS | (canDownload ? PLAY_FLAG_DOWNLOAD : PLAY_FLAG_BUFFERING);
+}
+
+/** The file lives as long as its descriptor: nothing is left behind, whatever becomes of the process. */
+void unlinkDownload(GObject* buffer, GParamSpec* /*property*/, gpointer /*data*/) {
+    gchar* location = nullptr;
+    g_object_get(buffer, "temp-location", &location, nullptr);
+    const TextPtr path(location);
+    if (path) {
+        std::remove(path.get());
+    }
+}
+
+void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer /*data*/) {
+    const GstElementFactory* factory = gst_element_get_factory(element);
+    if (factory && g_str_equal(GST_OBJECT_NAME(factory), "downloadbuffer")) {
+        g_object_set(element, "max-size-bytes", START_BYTES, nullptr);
+        g_signal_connect(element, "notify::temp-location", G_CALLBACK(&unlinkDownload), nullptr);
+    }
+}
+
+/** @return up to where a sink got its stream, in milliseconds; -1 when it got nothing */
+int64_t renderedUntil(GstElement* sink) {
+    GstSample* last = nullptr;
+    if (g_object_class_find_property(G_OBJECT_GET_CLASS(sink), "last-sample")) {
+        g_object_get(sink, "last-sample", &last, nullptr);
+    }
+    if (!last) {
+        return -1;
+    }
+    const SamplePtr sample(last);
+    const GstClockTime time = gst_segment_to_stream_time(gst_sample_get_segment(last), GST_FORMAT_TIME,
+                                                         GST_BUFFER_PTS(gst_sample_get_buffer(last)));
+    return GST_CLOCK_TIME_IS_VALID(time) ? static_cast<int64_t>(time / GST_MSECOND) : -1;
+}
+
+} // namespace
+
+Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
+    : m_context(context), m_settings(std::move(settings)),
+      m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
+      m_videoSink(m_context.picture, m_settings.run), m_paused(m_settings.paused) {
+    report(eMEDIA_CALLBACK_CONNECTING);
+    if (!buildPipeline()) {
+        fail(PlaybackErrorCode::INSUFFICIENT_RESOURCES, missingElementsAdvice());
+        return;
+    }
+    watchStreams();
+    watchBus();
+    startWatchdog();
+    gst_element_set_state(m_pipeline.get(), m_target);
+}
+
+Playback::~Playback() {
+    releasePipeline();
+}
+
+bool Playback::buildPipeline() {
+    GstElement* playbin = gst_element_factory_make("playbin3", nullptr);
+    if (!playbin) {
+        return false;
+    }
+    gst_object_ref_sink(playbin);
+    ElementPtr pipeline(playbin);
+    GstElement* audioSink = makeAudioSink();
+    if (!audioSink || !m_videoSink.element()) {
+        return false;
+    }
+    gst_object_ref_sink(audioSink);
+    m_audioSink.reset(audioSink);
+    g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
+                 nullptr);
+    gst_util_set_object_arg(G_OBJECT(playbin), "flags", std::to_string(playFlags()).c_str());
+    m_pipeline = std::move(pipeline);
+    return true;
+}
+
+void Playback::watchStreams() {
+    g_signal_connect_data(m_pipeline.get(), "source-setup", G_CALLBACK(&onSourceSetup),
+                          new SourceSetup{m_settings.televisionUserAgent, m_lastActivity},
+                          &deleteClosureData<SourceSetup>, GConnectFlags(0));
+    g_signal_connect(m_pipeline.get(), "element-setup", G_CALLBACK(&onElementSetup), nullptr);
+    noteActivity(m_videoSink.element(), "sink", m_lastActivity);
+    noteActivity(m_audioSink.get(), "sink", m_lastActivity);
+}
+
+void Playback::watchBus() {
+    const BusPtr bus(gst_element_get_bus(m_pipeline.get()));
+    m_busWatch.reset(gst_bus_create_watch(bus.get()));
+    g_source_set_callback(m_busWatch.get(), G_SOURCE_FUNC(&Playback::onBusMessage), this, nullptr);
+    g_source_attach(m_busWatch.get(), m_context.thread.context());
+}
+
+void Playback::startWatchdog() {
+    m_watchdog.reset(g_timeout_source_new(WATCHDOG_PERIOD_MS));
+    g_source_set_callback(m_watchdog.get(), &Playback::onWatchdog, this, nullptr);
+    g_source_attach(m_watchdog.get(), m_context.thread.context());
+}
+
+/** GStreamer notices neither a server that falls silent nor streams that never start. */
+gboolean Playback::onWatchdog(gpointer self) {
+    auto* playback = static_cast<Playback*>(self);
+    const bool waitsForData = !playback->m_settled || !playback->m_paused;
+    const gint64 idle = g_get_monotonic_time() - *playback->m_lastActivity;
+    if (playback->m_finished || !waitsForData) {
+        *playback->m_lastActivity = g_get_monotonic_time();
+    } else if (idle > SPEED_LIMIT_US && playback->m_seeking && playback->m_seeking->rate != 1) {
+        playback->returnToNormalSpeed();
+    } else if (idle > STALL_LIMIT_US) {
+        playback->fail(PlaybackErrorCode::BAD_CONNECTION,
+                       "no data came for " + std::to_string(STALL_LIMIT_US / G_USEC_PER_SEC) + " seconds");
+        return G_SOURCE_REMOVE;
+    }
+    return G_SOURCE_CONTINUE;
+}
+
+gboolean Playback::onBusMessage(GstBus* /*bus*/, GstMessage* message, gpointer self) {
+    static_cast<Playback*>(self)->onMessage(message);
+    return G_SOURCE_CONTINUE;
+}
+
+void Playback::onMessage(GstMessage* message) {
+    switch (GST_MESSAGE_TYPE(message)) {
+    case GST_MESSAGE_ERROR: {
+        m_errorSeen = true;
+        const PlaybackError error = describeError(message);
+        fail(error.code, error.text);
+        break;
+    }
+    case GST_MESSAGE_EOS:
+        onEndOfStream();
+        break;
+    case GST_MESSAGE_ASYNC_DONE:
+        onSettled();
+        break;
+    case GST_MESSAGE_STATE_CHANGED:
+        onStateChanged(message);
+        break;
+    case GST_MESSAGE_BUFFERING:
+        onBuffering(message);
+        break;
+    case GST_MESSAGE_DURATION_CHANGED:
+        readMedia();
+        break;
+    case GST_MESSAGE_ELEMENT:
+        onElementMessage(message);
+        break;
+    case GST_MESSAGE_STREAM_COLLECTION:
+        onStreamCollection(message);
+        break;
+    case GST_MESSAGE_STREAMS_SELECTED:
+        onStreamsSelected(message);
+        break;
+    case GST_MESSAGE_LATENCY:
+        gst_bin_recalculate_latency(GST_BIN(m_pipeline.get()));
+        break;
+    default:
+        break;
+    }
+}
+
+void Playback::onStateChanged(GstMessage* message) {
+    if (GST_MESSAGE_SRC(message) == GST_OBJECT(m_pipeline.get())) {
+        GstState now = GST_STATE_NULL;
+        gst_message_parse_state_changed(message, nullptr, &now, nullptr);
+        m_isPlaying = now == GST_STATE_PLAYING;
+        update();
+    }
+}
+
+void Playback::onBuffering(GstMessage* message) {
+    gint percent = 0;
+    gst_message_parse_buffering(message, &percent);
+    if (percent != m_bufferPercent) {
+        m_bufferPercent = percent;
+        *m_lastActivity = g_get_monotonic_time();
+        update();
+    }
+}
+
+void Playback::onElementMessage(GstMessage* message) {
+    if (!gst_is_missing_plugin_message(message)) {
+        return;
+    }
+    const MissingPlugin missing = describeMissingPlugin(message);
+    if (missing.isNeeded) {
+        fail(PlaybackErrorCode::FORMAT_NOT_SUPPORTED, missing.advice);
+    } else {
+        traceNote(m_context.status.player(), missing.advice);
+    }
+}
+
+void Playback::onEndOfStream() {
+    if (!m_settled || m_request || m_finished) {
+        return; // the end of what was played before the seek that is under way
+    }
+    if (m_rate < 0) {
+        request(0, 1, true); // the beginning: go on forwards from there
+        update();
+        return;
+    }
+    if (isCut()) {
+        fail(PlaybackErrorCode::CONTENT_CORRUPT, "the media breaks off before its end");
+        return;
+    }
+    m_finished = true;
+    m_context.status.finishRun(m_settings.run);
+    report(eMEDIA_CALLBACK_FINISHED);
+}
+
+void Playback::readMedia() {
+    if (!m_prerolled) {
+        return;
+    }
+    gint64 duration = 0;
+    if (!gst_element_query_duration(m_pipeline.get(), GST_FORMAT_TIME, &duration) || duration < 0) {
+        duration = 0;
+    }
+    m_durationMs = static_cast<int>(std::min<int64_t>(duration / GST_MSECOND, std::numeric_limits<int>::max()));
+    gboolean seekable = TRUE;
+    GstQuery* query = gst_query_new_seeking(GST_FORMAT_TIME);
+    if (gst_element_query(m_pipeline.get(), query)) {
+        gst_query_parse_seeking(query, nullptr, &seekable, nullptr, nullptr);
+    }
+    gst_query_unref(query);
+    m_context.status.setMedia(m_settings.run, m_durationMs, seekable);
+}
+
+/** GStreamer takes a film whose data breaks off for one that has ended. */
+bool Playback::isCut() const {
+    const int64_t video = renderedUntil(m_videoSink.sink());
+    if (video < 0 || m_rate != 1) {
+        return false;
+    }
+    return std::max(video, renderedUntil(m_audioSink.get())) + CUT_TOLERANCE_MS < m_durationMs;
+}
+
+void Playback::fail(PlaybackErrorCode code, const std::string& cause) {
+    releasePipeline();
+    PlayerStatus& status = m_context.status;
+    if (!status.isCurrent(m_settings.run)) {
+        return;
+    }
+    const std::string text = "cannot play " + m_settings.url + ": " + cause;
+    traceNote(status.player(), text);
+    MEDIA_LOG_ERROR("player " + std::to_string(status.player()) + " " + text);
+    status.endRun(m_settings.run);
+    report(eMEDIA_CALLBACK_ERROR, static_cast<int>(code), cause);
+}
+
+void Playback::releasePipeline() {
+    m_busWatch.reset();
+    m_watchdog.reset();
+    if (m_pipeline) {
+        endPipeline(m_context.thread, std::move(m_pipeline), m_prerolled || m_errorSeen);
+    }
+}
+
+void Playback::report(eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
+    m_context.status.report(m_settings.run, event, code, detail);
+}
+
+} // namespace media

@@ -1,0 +1,68 @@
+/** A player as the adaptation layer knows it: takes commands at once and leaves them to its own thread. */
+#ifndef MEDIA_CONTROL_PLAYER_H
+#define MEDIA_CONTROL_PLAYER_H
+
+#include "Components.h"
+#include "Picture.h"
+#include "Playback.h"
+#include "PlayerStatus.h"
+#include "PlayerThread.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+namespace media {
+
+/** Commands may come on any thread; each returns at once, false when it is refused. */
+class Player : public std::enable_shared_from_this<Player> {
+public:
+    /** @throws std::system_error when there is no thread to be had */
+    explicit Player(int handle);
+
+    void useTelevisionUserAgent();
+    bool setSource(const std::string& url);
+    bool setWindow(int x, int y, int width, int height);
+    bool play();
+    bool pause();
+    bool resume();
+    bool stop();
+    bool seek(int ms);
+    bool setSpeed(int speed);
+
+    bool select(AVComponentType type, int pid);
+    bool selectDefault(AVComponentType type);
+
+    /** @param pid of the component to unselect, none for whichever is active */
+    bool unselect(AVComponentType type, std::optional<int> pid);
+
+    /** Ends everything; the object takes no commands after it. */
+    void close();
+
+    PlayerStatus& status() { return m_status; }
+    const Components& components() const { return m_components; }
+    const Picture& picture() const { return *m_picture; }
+
+private:
+    void post(std::function<void(Player&)> task);
+    void postToPlayback(std::function<void(Playback&)> command);
+    void start(bool paused);
+    void startPlayback(const PlaybackSettings& settings);
+    void stopPlayback();
+    bool postSelection(AVComponentType type, const std::string& stream);
+
+    PlayerStatus m_status;
+    Components m_components;
+    const std::shared_ptr<Picture> m_picture;
+    const std::shared_ptr<PlayerThread> m_thread;
+    std::mutex m_commandMutex; // guards all below but m_playback, and the order of commands
+    std::string m_source;
+    bool m_televisionUserAgent = false;
+    bool m_closed = false;
+    std::unique_ptr<Playback> m_playback; // only on the player's thread
+};
+
+} // namespace media
+
+#endif

@@ -1,0 +1,16 @@
+// Desktop stand-in for the media-synchronisation adapter: no companion screen follows, the reports end here.
+#include "media_sync_global.h"
+
+#define MEDIA_SYNC_EXPORT __attribute__((visibility("default")))
+
+MEDIA_SYNC_EXPORT int adapt_play_state_change(int /*player*/, int /*mediaType*/, int /*state*/) {
+    return 0;
+}
+
+MEDIA_SYNC_EXPORT int adapt_play_speed_change(int /*player*/, float /*speed*/) {
+    return 0;
+}
+
+MEDIA_SYNC_EXPORT int adapt_parental_rating_change(int /*player*/, int /*blocked*/) {
+    return 0;
+}
