@@ -1,0 +1,144 @@
+#include "CommandLine.h"
+
+#include <QCommandLineParser>
+#include <QtMath>
+
+namespace {
+
+const char* const usage = R"(Usage: tv-browser [options] URL|FILE|FOLDER
+
+Opens a page as an HbbTV television would. A file or folder (its index.html) is
+served over HTTP on this machine only.
+
+  --headless            no window, no display needed (also without DISPLAY)
+  --mount NAME=FOLDER   serve FOLDER under /NAME/ too; may be repeated
+  --keys LIST           press keys once the page is loaded, for example
+                        RIGHT,ENTER,wait:2,BACK (key names below)
+  --trace               print script calls, events to the page, and the player's
+                        commands and reports, with seconds since the start
+  --screenshot FILE     write the television's picture as PNG; without a window,
+                        --exit-after or --verdict the program then ends
+  --after SECONDS       when to take the screenshot, since the start (5, or at
+                        the verdict)
+  --exit-after SECONDS  end then, counted since the start
+  --verdict             end when document.title is PASS (exit code 0) or starts
+                        with FAIL (1), or with 1 at --exit-after (60)
+  --plugin-path FOLDER  folder of npavcontrol.so (../lib/npapi beside the program)
+  --help, --version     print this, or the version
+
+Remote control          Keyboard              Remote control    Keyboard
+  LEFT UP RIGHT DOWN    arrow keys            RED               F2 or r
+  ENTER                 Enter                 GREEN             F3 or g
+  BACK                  Backspace or Escape   YELLOW            F4 or y
+  0 to 9                0 to 9                BLUE              F5 or b
+  PLAY                  p                     REWIND            , (comma)
+  PAUSE                 Space                 FAST_FWD          . (full stop)
+  STOP                  s                     full screen       F11
+The keyboard's own play, pause, stop, rewind and forward keys work too.
+
+Environment
+  AVCONTROL_LOG_CONSOLE=off|error|warning|all     plug-in log on the console
+  AVCONTROL_LOG_FILE=PATH                         plug-in log in a file
+  AVCONTROL_LOG_FILE_LEVEL=off|error|warning|all  its level
+  AVCONTROL_AUDIO_SINK=ELEMENT                    GStreamer element for the sound
+
+Exit codes: 0 done, 1 failed (page, plug-in, verdict), 2 wrong use.
+)";
+
+constexpr double defaultScreenshotSeconds = 5;
+
+CommandLineResult refusal(const QString& text) {
+    return {std::nullopt, QStringLiteral("tv-browser: %1\nTry tv-browser --help.\n").arg(text), 2};
+}
+
+/** Reads an option's seconds. @return false when there is a value that is no number of seconds */
+bool readSeconds(const QCommandLineParser& parser, const QString& option, std::optional<double>& seconds) {
+    if (!parser.isSet(option)) {
+        return true;
+    }
+    bool isNumber = false;
+    const double value = parser.value(option).toDouble(&isNumber);
+    if (!isNumber || !qIsFinite(value) || value < 0 || value > 1e6) {
+        return false;
+    }
+    seconds = value;
+    return true;
+}
+
+QString badSeconds(const QCommandLineParser& parser, const QString& option) {
+    return QStringLiteral("--%1 %2: not a number of seconds from 0 to 1000000").arg(option, parser.value(option));
+}
+
+} // namespace
+
+CommandLineResult parseCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    for (const char* name : {"headless", "trace", "verdict", "help", "version"}) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
+    }
+    for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path"}) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
+    }
+    if (!parser.parse(arguments)) {
+        return refusal(parser.errorText());
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        return {std::nullopt, QString::fromLatin1(usage), 0};
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        return {std::nullopt, QStringLiteral("tv-browser " TV_BROWSER_VERSION "\n"), 0};
+    }
+
+    CommandLine line;
+    if (parser.positionalArguments().size() != 1) {
+        return refusal(
+            QStringLiteral("give one page, file or folder to open, not %1").arg(parser.positionalArguments().size()));
+    }
+    line.target = parser.positionalArguments().constFirst();
+    line.headless = parser.isSet(QStringLiteral("headless"));
+    line.trace = parser.isSet(QStringLiteral("trace"));
+    line.verdict = parser.isSet(QStringLiteral("verdict"));
+    line.pluginFolder = parser.value(QStringLiteral("plugin-path"));
+    line.screenshotFile = parser.value(QStringLiteral("screenshot"));
+
+    for (const QString& mount : parser.values(QStringLiteral("mount"))) {
+        const QString name = mount.section(QLatin1Char('='), 0, 0);
+        const QString folder = mount.section(QLatin1Char('='), 1);
+        if (name.isEmpty() || folder.isEmpty()) {
+            return refusal(QStringLiteral("--mount %1: not of the form NAME=FOLDER").arg(mount));
+        }
+        line.mounts.append({name, folder});
+    }
+
+    const QString keysOption = QStringLiteral("keys");
+    if (parser.isSet(keysOption)) {
+        QString wrong;
+        const auto steps = parseRemoteKeySteps(parser.value(keysOption), wrong);
+        if (!steps) {
+            return refusal(QStringLiteral("--keys: \"%1\" is neither a key nor wait:SECONDS").arg(wrong));
+        }
+        line.keys = *steps;
+    }
+
+    const QString afterOption = QStringLiteral("after");
+    const QString exitOption = QStringLiteral("exit-after");
+    if (!readSeconds(parser, afterOption, line.screenshotAfter)) {
+        return refusal(badSeconds(parser, afterOption));
+    }
+    if (line.screenshotAfter && line.screenshotFile.isEmpty()) {
+        return refusal(QStringLiteral("--after says when --screenshot is taken; give --screenshot FILE too"));
+    }
+    if (!line.screenshotAfter && !line.verdict) {
+        line.screenshotAfter = defaultScreenshotSeconds;
+    }
+    if (!readSeconds(parser, exitOption, line.exitAfter)) {
+        return refusal(badSeconds(parser, exitOption));
+    }
+    if (line.exitAfter && !line.screenshotFile.isEmpty() && line.screenshotAfter &&
+        *line.exitAfter <= *line.screenshotAfter) {
+        return refusal(QStringLiteral("--exit-after %1 comes before the screenshot at %2 seconds")
+                           .arg(*line.exitAfter)
+                           .arg(*line.screenshotAfter));
+    }
+    return {line, QString(), 0};
+}

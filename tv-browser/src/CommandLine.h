@@ -1,0 +1,38 @@
+/**
+ * The command line of the television browser.
+ */
+#ifndef COMMANDLINE_H
+#define COMMANDLINE_H
+
+#include "RemoteKeys.h"
+
+#include <QList>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+struct CommandLine {
+    QString target;                        /**< address, file or folder to open */
+    QList<QPair<QString, QString>> mounts; /**< further folders to serve: name, folder */
+    QString pluginFolder;                  /**< where the plug-in module is; empty for beside the program */
+    QString screenshotFile;                /**< empty for none */
+    std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
+    std::optional<double> exitAfter;       /**< seconds */
+    QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
+    bool headless = false;
+    bool trace = false;
+    bool verdict = false;
+};
+
+/** What came of reading the arguments: a command line to carry out, or a text for the user and an exit code. */
+struct CommandLineResult {
+    std::optional<CommandLine> commandLine;
+    QString text;
+    int exitCode = 0;
+};
+
+/** @param arguments the program's name first */
+CommandLineResult parseCommandLine(const QStringList& arguments);
+
+#endif

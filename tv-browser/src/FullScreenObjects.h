@@ -1,0 +1,45 @@
+/**
+ * Shows media objects that are in full-screen mode over the whole page.
+ *
+ * In that mode the player's window is the screen while the object keeps its place in the layout, and its z-index. So
+ * the hole that the object makes in the page has to be the screen too: a transform on the element does it, which
+ * changes no layout.
+ */
+#ifndef FULLSCREENOBJECTS_H
+#define FULLSCREENOBJECTS_H
+
+#include <QList>
+#include <QRectF>
+#include <QSizeF>
+#include <QStringList>
+#include <QWebElement>
+
+class QWebFrame;
+
+class FullScreenObjects {
+public:
+    /** @param mainFrame outlives this object */
+    explicit FullScreenObjects(QWebFrame& mainFrame);
+
+    /** Looks at all objects of the page and its frames, and stretches or restores those whose mode has changed. */
+    void update();
+
+    /** @return true while an object is stretched */
+    bool any() const { return !m_stretched.isEmpty(); }
+
+private:
+    struct Stretched {
+        QWebElement element;
+        QStringList formerStyle; ///< the element's own values of the properties that are overridden
+        QRectF place;            ///< in the layout, as the transform in force supposes
+        QSizeF viewport;
+    };
+
+    static void stretch(Stretched& object);
+    void updateFrame(QWebFrame& frame, QList<Stretched>& stillStretched);
+
+    QWebFrame& m_mainFrame;
+    QList<Stretched> m_stretched;
+};
+
+#endif

@@ -1,0 +1,39 @@
+/**
+ * The keys of the remote control: their names, the codes that pages see, and the keyboard keys that stand for them.
+ */
+#ifndef REMOTEKEYS_H
+#define REMOTEKEYS_H
+
+#include <QList>
+#include <QString>
+#include <optional>
+
+struct RemoteKey {
+    const char* name; /**< name of the page's constant without `VK_` */
+    int code;         /**< `keyCode` in the page's key events */
+    int engineKey;    /**< Qt::Key that makes the engine do what it does for the key by itself, else Key_unknown */
+    const char* text; /**< text that the key types */
+};
+
+/** @return the remote key of that name in any case, `VK_` in front allowed; null when there is none. */
+const RemoteKey* remoteKeyNamed(const QString& name);
+
+/** @return the remote key that a Qt::Key of the keyboard stands for; null when it stands for none. */
+const RemoteKey* remoteKeyOfKeyboard(int qtKey);
+
+/** @return a script that defines `VK_...` and `KeyEvent.VK_...` in a page. */
+QString remoteKeyConstantsScript();
+
+/** A step of a key sequence: a key to press, or a pause. */
+struct RemoteKeyStep {
+    const RemoteKey* key; /**< null for a pause */
+    double waitSeconds;
+};
+
+/**
+ * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK".
+ * @param wrong receives the first part that is neither a key's name nor `wait:SECONDS`
+ */
+std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong);
+
+#endif

@@ -1,0 +1,205 @@
+#include "Television.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
+#include <QWebFrame>
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr double keyHoldSeconds = 0.05;
+constexpr double keyGapSeconds = 0.1;
+constexpr double verdictLimitSeconds = 60;
+
+void complain(const QString& text) {
+    std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(text));
+}
+
+int toMilliseconds(double seconds) {
+    return static_cast<int>(seconds * 1000);
+}
+
+} // namespace
+
+Television::Television(const CommandLine& commandLine, int64_t startUs)
+    : m_commandLine(commandLine), m_startUs(startUs),
+      m_trace(commandLine.trace ? std::make_unique<TraceLog>(startUs) : nullptr), m_screen(m_page) {
+    m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
+    connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
+    connect(&m_page, &TvPage::loadFailed, this, &Television::pageFailed);
+    if (commandLine.verdict) {
+        connect(m_page.mainFrame(), &QWebFrame::titleChanged, this, &Television::titleChanged);
+    }
+    if (!commandLine.headless) {
+        m_window = std::make_unique<TvWindow>(m_screen);
+        connect(m_window.get(), &TvWindow::remoteKey, this, &Television::sendKey);
+    }
+}
+
+Television::~Television() {
+    m_page.disconnect(this); // While the page goes, it still says things.
+}
+
+int Television::run(const QString& pluginModule) {
+    const QString found = m_page.mediaPluginFile();
+    if (found != QFileInfo(pluginModule).fileName()) {
+        complain(found.isEmpty()
+                     ? QStringLiteral("the engine did not accept the plug-in %1").arg(pluginModule)
+                     : QStringLiteral("the engine would use the plug-in %1 for video/mp4 instead of %2; remove it from "
+                                      "its plug-in folder")
+                           .arg(found, pluginModule));
+        return 1;
+    }
+    QUrl url;
+    if (!serve(url)) {
+        return 1;
+    }
+    if (m_window) {
+        m_window->show();
+    }
+    if (!m_commandLine.screenshotFile.isEmpty() && m_commandLine.screenshotAfter) {
+        after(*m_commandLine.screenshotAfter, &Television::takeScreenshot);
+    }
+    if (m_commandLine.exitAfter || m_commandLine.verdict) {
+        after(m_commandLine.exitAfter.value_or(verdictLimitSeconds), &Television::timeUp);
+    }
+    m_page.open(url);
+    return QCoreApplication::exec();
+}
+
+/** Finds the address to open, and starts the server for what is local. */
+bool Television::serve(QUrl& url) {
+    const QFileInfo target(m_commandLine.target);
+    url = QUrl(m_commandLine.target);
+    const bool isAddress = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
+    if (!isAddress && !target.exists()) {
+        complain(QStringLiteral("%1 is neither an http or https address nor a file or folder that exists")
+                     .arg(m_commandLine.target));
+        return false;
+    }
+    if (!isAddress && target.isDir() && !QFileInfo::exists(target.filePath() + QStringLiteral("/index.html"))) {
+        complain(QStringLiteral("the folder %1 has no index.html; name a page in it").arg(m_commandLine.target));
+        return false;
+    }
+    for (const auto& [name, folder] : m_commandLine.mounts) {
+        if (!m_server.mount(name.toStdString(), folder.toLocal8Bit().toStdString())) {
+            complain(QStringLiteral("--mount %1=%2: the name must not contain a slash, and the folder must exist")
+                         .arg(name, folder));
+            return false;
+        }
+    }
+    if (isAddress && m_commandLine.mounts.isEmpty()) {
+        return true;
+    }
+    if (!isAddress) {
+        const QString folder = target.isDir() ? target.filePath() : target.path();
+        m_server.mount(std::string(), folder.toLocal8Bit().toStdString());
+    }
+    const int port = m_server.start();
+    if (port == 0) {
+        complain(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
+        return false;
+    }
+    m_serverAddress = QStringLiteral("http://127.0.0.1:%1").arg(port);
+    if (!isAddress) {
+        url = QUrl(m_serverAddress);
+        url.setPath(QLatin1Char('/') + (target.isDir() ? QString() : target.fileName()), QUrl::DecodedMode);
+    }
+    return true;
+}
+
+/** @return the file behind an address of the own server, which an author can open in an editor; else the address */
+QString Television::addressName(const QUrl& url) const {
+    if (!m_serverAddress.isEmpty() && url.toString().startsWith(m_serverAddress + QLatin1Char('/'))) {
+        const std::filesystem::path file = m_server.fileOf(url.path(QUrl::FullyDecoded).toStdString());
+        if (!file.empty()) {
+            return QString::fromLocal8Bit(file.c_str());
+        }
+    }
+    return url.toString();
+}
+
+void Television::pageLoaded() {
+    if (!m_wasLoaded) {
+        m_wasLoaded = true;
+        pressNextKey();
+    }
+}
+
+void Television::pageFailed(const QString& reason) {
+    complain(reason);
+    if (!m_wasLoaded) {
+        QCoreApplication::exit(1);
+    }
+}
+
+void Television::titleChanged(const QString& title) {
+    const bool failed = title.startsWith(QLatin1String("FAIL"));
+    if (!failed && title != QLatin1String("PASS")) {
+        return;
+    }
+    if (failed) {
+        complain(QStringLiteral("the page's verdict: %1").arg(title));
+    }
+    // Later: the page is in the middle of its script, and what it has just changed is not painted yet.
+    QTimer::singleShot(0, this, [this, failed] {
+        if (!m_commandLine.screenshotFile.isEmpty() && !m_commandLine.screenshotAfter) {
+            takeScreenshot();
+        }
+        QCoreApplication::exit(failed ? 1 : 0);
+    });
+}
+
+void Television::pressNextKey() {
+    if (m_nextKey >= m_commandLine.keys.size()) {
+        return;
+    }
+    const RemoteKeyStep& step = m_commandLine.keys[m_nextKey++];
+    if (!step.key) {
+        QTimer::singleShot(toMilliseconds(step.waitSeconds), this, &Television::pressNextKey);
+        return;
+    }
+    sendKey(*step.key, true, false);
+    QTimer::singleShot(toMilliseconds(keyHoldSeconds), this, [this, key = step.key] { sendKey(*key, false, false); });
+    QTimer::singleShot(toMilliseconds(keyHoldSeconds + keyGapSeconds), this, &Television::pressNextKey);
+}
+
+void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
+    if (m_trace && pressed) {
+        m_trace->note("key", key.name);
+    }
+    m_page.sendKey(key, pressed, isRepeat);
+}
+
+void Television::takeScreenshot() {
+    if (!m_screen.picture().save(m_commandLine.screenshotFile, "PNG")) {
+        complain(QStringLiteral("the screenshot cannot be written to %1").arg(m_commandLine.screenshotFile));
+        QCoreApplication::exit(1);
+        return;
+    }
+    std::printf("%s\n", qPrintable(m_commandLine.screenshotFile));
+    std::fflush(stdout);
+    if (!m_window && !m_commandLine.exitAfter && !m_commandLine.verdict) {
+        QCoreApplication::exit(0);
+    }
+}
+
+void Television::timeUp() {
+    if (m_commandLine.verdict) {
+        complain(QStringLiteral("no verdict of the page after %1 seconds; its title is \"%2\"")
+                     .arg(m_commandLine.exitAfter.value_or(verdictLimitSeconds))
+                     .arg(m_page.mainFrame()->title()));
+    } else if (!m_wasLoaded) {
+        complain(QStringLiteral("the page was not loaded after %1 seconds").arg(*m_commandLine.exitAfter));
+    }
+    QCoreApplication::exit(m_commandLine.verdict || !m_wasLoaded ? 1 : 0);
+}
+
+/** Runs an action at a time since the program's start. */
+void Television::after(double seconds, void (Television::*action)()) {
+    const double past = static_cast<double>(monotonicUs() - m_startUs) / 1e6;
+    QTimer::singleShot(toMilliseconds(std::max(0.0, seconds - past)), Qt::PreciseTimer, this, action);
+}

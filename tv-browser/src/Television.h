@@ -1,0 +1,59 @@
+/**
+ * The television switched on: one page from its opening to the end that the command line names.
+ */
+#ifndef TELEVISION_H
+#define TELEVISION_H
+
+#include "CommandLine.h"
+#include "LoopbackServer.h"
+#include "TraceLog.h"
+#include "TvPage.h"
+#include "TvScreen.h"
+#include "TvWindow.h"
+
+#include <QObject>
+#include <cstdint>
+#include <memory>
+
+class Television : public QObject {
+    Q_OBJECT
+public:
+    /**
+     * @param commandLine what to do; outlives this object
+     * @param startUs     when the program started, CLOCK_MONOTONIC in microseconds
+     */
+    Television(const CommandLine& commandLine, int64_t startUs);
+    ~Television() override;
+
+    /**
+     * Opens the page, and runs until the end.
+     * @param pluginModule path of the plug-in module that the engine is expected to use
+     * @return the program's exit code
+     */
+    int run(const QString& pluginModule);
+
+private:
+    bool serve(QUrl& url);
+    QString addressName(const QUrl& url) const;
+    void pageLoaded();
+    void pageFailed(const QString& reason);
+    void titleChanged(const QString& title);
+    void pressNextKey();
+    void sendKey(const RemoteKey& key, bool pressed, bool isRepeat);
+    void takeScreenshot();
+    void timeUp();
+    void after(double seconds, void (Television::*action)());
+
+    const CommandLine& m_commandLine;
+    const int64_t m_startUs;
+    std::unique_ptr<TraceLog> m_trace;
+    LoopbackServer m_server; // Outlives the page: its players are readers.
+    TvPage m_page;
+    TvScreen m_screen;
+    std::unique_ptr<TvWindow> m_window;
+    QString m_serverAddress;
+    int m_nextKey = 0;
+    bool m_wasLoaded = false;
+};
+
+#endif

@@ -1,0 +1,140 @@
+#include "TvPage.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QNetworkReply>
+#include <QPalette>
+#include <QWebFrame>
+#include <cstdio>
+
+TvPage::TvPage() : m_network(m_pluginAddresses), m_nameOf([](const QUrl& url) { return url.toString(); }) {
+    setNetworkAccessManager(&m_network);
+    setPluginFactory(&m_pluginAddresses);
+    settings()->setAttribute(QWebSettings::PluginsEnabled, true);
+    settings()->setAttribute(QWebSettings::AcceleratedCompositingEnabled, false);
+    setProperty("_q_useNativeVirtualKeyAsDOMKey", true);
+
+    setViewportSize(tvScreenSize);
+    QPalette transparent = palette();
+    transparent.setBrush(QPalette::Base, Qt::transparent);
+    setPalette(transparent);
+    mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
+    mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
+
+    addFrame(mainFrame());
+    connect(this, &QWebPage::frameCreated, this, &TvPage::addFrame);
+    connect(this, &QWebPage::consoleMessageReceived, this, &TvPage::printConsoleMessage);
+    connect(this, &QWebPage::loadFinished, this, &TvPage::loadEnded);
+    connect(&m_network, &QNetworkAccessManager::finished, this, &TvPage::replyFinished);
+
+    QFocusEvent focus(QEvent::FocusIn);
+    event(&focus);
+}
+
+void TvPage::setAddressNames(std::function<QString(const QUrl&)> nameOf) {
+    m_nameOf = std::move(nameOf);
+}
+
+void TvPage::open(const QUrl& url) {
+    mainFrame()->load(url);
+}
+
+QString TvPage::mediaPluginFile() {
+    return mainFrame()
+        ->evaluateJavaScript(QStringLiteral("(function() { var type = navigator.mimeTypes['video/mp4'];"
+                                            " return type && type.enabledPlugin ? type.enabledPlugin.filename : '';"
+                                            "})()"))
+        .toString();
+}
+
+void TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
+    QKeyEvent keyEvent(pressed ? QEvent::KeyPress : QEvent::KeyRelease, key.engineKey, Qt::NoModifier, 0,
+                       static_cast<quint32>(key.code), 0, QString::fromLatin1(key.text), isRepeat);
+    event(&keyEvent);
+}
+
+bool TvPage::shouldInterruptJavaScript() {
+    std::fputs("A script of the page ran too long and was stopped.\n", stderr);
+    return true;
+}
+
+bool TvPage::supportsExtension(Extension extension) const {
+    return extension == ErrorPageExtension;
+}
+
+/** Hears why a document did not come, and offers no page in its place. */
+bool TvPage::extension(Extension extension, const ExtensionOption* option, ExtensionReturn*) {
+    if (extension == ErrorPageExtension) {
+        const auto* error = static_cast<const ErrorPageExtensionOption*>(option);
+        if (error->frame == mainFrame() && m_failure.isEmpty()) {
+            m_failure = error->errorString;
+        }
+    }
+    return false;
+}
+
+void TvPage::addFrame(QWebFrame* frame) {
+    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, frame,
+            [frame] { frame->evaluateJavaScript(remoteKeyConstantsScript()); });
+}
+
+void TvPage::replyFinished(QNetworkReply* reply) {
+    const QUrl url = reply->url().adjusted(QUrl::RemoveFragment);
+    if (reply->request().originatingObject() != mainFrame() ||
+        (url != mainFrame()->requestedUrl().adjusted(QUrl::RemoveFragment) &&
+         url != mainFrame()->url().adjusted(QUrl::RemoveFragment))) {
+        return;
+    }
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status >= 400) {
+        m_failure = QStringLiteral("the server answered %1 %2")
+                        .arg(status)
+                        .arg(reply->attribute(QNetworkRequest::HttpReasonPhraseAttribute).toString());
+    }
+}
+
+void TvPage::loadEnded(bool ok) {
+    if (ok && m_failure.isEmpty()) {
+        emit loaded();
+        return;
+    }
+    emit loadFailed(QStringLiteral("%1 cannot be opened: %2")
+                        .arg(m_nameOf(mainFrame()->requestedUrl()),
+                             m_failure.isEmpty() ? QStringLiteral("the engine cannot show it") : m_failure));
+    m_failure.clear();
+}
+
+void TvPage::printConsoleMessage(MessageSource, MessageLevel level, const QString& message, int line,
+                                 const QString& address) {
+    const char* kind = level == ErrorMessageLevel ? "error: " : level == WarningMessageLevel ? "warning: " : "";
+    std::fprintf(stderr, "%s:%d: %s%s\n", qUtf8Printable(m_nameOf(QUrl(address))), line, kind, qUtf8Printable(message));
+}
+
+void TvPage::printDialog(const char* kind, const QString& message, const QString& answer) {
+    std::fprintf(stderr, "%s: %s(\"%s\")%s\n", qUtf8Printable(m_nameOf(mainFrame()->url())), kind,
+                 qUtf8Printable(message), qUtf8Printable(answer));
+}
+
+void TvPage::javaScriptAlert(QWebFrame*, const QString& message) {
+    printDialog("alert", message, QString());
+}
+
+bool TvPage::javaScriptConfirm(QWebFrame*, const QString& message) {
+    printDialog("confirm", message, QStringLiteral(" answered with true"));
+    return true;
+}
+
+bool TvPage::javaScriptPrompt(QWebFrame*, const QString& message, const QString& defaultValue, QString* result) {
+    printDialog("prompt", message, QStringLiteral(" answered with \"%1\"").arg(defaultValue));
+    *result = defaultValue;
+    return true;
+}
+
+QString TvPage::chooseFile(QWebFrame*, const QString&) {
+    return {}; // A television has no files to choose from, and the default is a dialog.
+}
+
+QString TvPage::userAgentForUrl(const QUrl&) const {
+    return QStringLiteral("Mozilla/5.0 (Linux) AppleWebKit/602.1 (KHTML, like Gecko) "
+                          "HbbTV/1.6.1 (; desktop; tv-browser; " TV_BROWSER_VERSION "; ; avcontrol)");
+}

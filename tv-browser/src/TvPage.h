@@ -1,0 +1,66 @@
+/**
+ * The page of the television: a QWebPage without a view, 1280x720, with the remote control's keys.
+ */
+#ifndef TVPAGE_H
+#define TVPAGE_H
+
+#include "EngineNetwork.h"
+#include "RemoteKeys.h"
+
+#include <QSize>
+#include <QString>
+#include <QWebPage>
+#include <functional>
+
+constexpr QSize tvScreenSize(1280, 720);
+
+class TvPage : public QWebPage {
+    Q_OBJECT
+public:
+    TvPage();
+
+    /** Sets how addresses are written in messages to the page's author. */
+    void setAddressNames(std::function<QString(const QUrl&)> nameOf);
+
+    /** Starts loading; loaded() or loadFailed() follows. */
+    void open(const QUrl& url);
+
+    /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
+    QString mediaPluginFile();
+
+    /** Gives a key to the page, as if it were pressed or released on the remote control. */
+    void sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
+
+    bool shouldInterruptJavaScript() override;
+    bool supportsExtension(Extension extension) const override;
+    bool extension(Extension extension, const ExtensionOption* option, ExtensionReturn* output) override;
+
+signals:
+    /** The page opened last is there. */
+    void loaded();
+    /** The page opened last cannot be shown; `reason` is a sentence for the user. */
+    void loadFailed(const QString& reason);
+
+protected:
+    void javaScriptAlert(QWebFrame* frame, const QString& message) override;
+    bool javaScriptConfirm(QWebFrame* frame, const QString& message) override;
+    bool javaScriptPrompt(QWebFrame* frame, const QString& message, const QString& defaultValue,
+                          QString* result) override;
+    QString chooseFile(QWebFrame* frame, const QString& oldFile) override;
+    QString userAgentForUrl(const QUrl& url) const override;
+
+private:
+    void addFrame(QWebFrame* frame);
+    void replyFinished(QNetworkReply* reply);
+    void loadEnded(bool ok);
+    void printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
+                             const QString& address);
+    void printDialog(const char* kind, const QString& message, const QString& answer);
+
+    PluginAddresses m_pluginAddresses;
+    EngineNetwork m_network;
+    std::function<QString(const QUrl&)> m_nameOf;
+    QString m_failure; ///< why the main frame's document did not come
+};
+
+#endif

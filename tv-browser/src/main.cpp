@@ -1,0 +1,75 @@
+#include "CommandLine.h"
+#include "HeadlessMessages.h"
+#include "Television.h"
+#include "TerminationSignals.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <cstdio>
+#include <dlfcn.h>
+
+namespace {
+
+/** @return the folder of the running program, found before Qt has an application that knows */
+QString programFolder() {
+    return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+}
+
+/** @return why the module cannot be loaded, or an empty text when it can. It stays loaded. */
+QString loadProblem(const QString& module) {
+    if (!QFileInfo::exists(module)) {
+        return QStringLiteral("the plug-in %1 does not exist; build it, or name its folder with --plugin-path")
+            .arg(module);
+    }
+    if (!dlopen(QFile::encodeName(module).constData(), RTLD_LAZY | RTLD_LOCAL)) {
+        return QStringLiteral("the plug-in cannot be loaded: %1").arg(QString::fromLocal8Bit(dlerror()));
+    }
+    return {};
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const int64_t startUs = monotonicUs();
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    }
+    CommandLineResult result = parseCommandLine(arguments);
+    if (!result.commandLine) {
+        std::fputs(qUtf8Printable(result.text), result.exitCode == 0 ? stdout : stderr);
+        return result.exitCode;
+    }
+    CommandLine& commandLine = *result.commandLine;
+
+    if (commandLine.headless ||
+        (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))) {
+        commandLine.headless = true;
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("DISPLAY"); // The offscreen platform would connect to it for OpenGL.
+        dropMissingDesktopMessages();
+    } else if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "wayland"); // Qt would try X first, and end there.
+    }
+
+    const QString pluginFolder =
+        QDir(commandLine.pluginFolder.isEmpty() ? programFolder() + QStringLiteral("/../lib/npapi")
+                                                : commandLine.pluginFolder)
+            .absolutePath();
+    const QString pluginModule = pluginFolder + QStringLiteral("/npavcontrol.so");
+    TerminationSignals terminationSignals;
+    const QString problem = loadProblem(pluginModule);
+    if (!problem.isEmpty()) {
+        std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(problem));
+        return 1;
+    }
+    qputenv("QTWEBKIT_PLUGIN_PATH", QFile::encodeName(pluginFolder));
+
+    int engineArgc = 1;
+    QApplication application(engineArgc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tv-browser"));
+    terminationSignals.watch();
+    Television television(commandLine, startUs);
+    return television.run(pluginModule);
+}
