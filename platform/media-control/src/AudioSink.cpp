@@ -22,6 +22,10 @@ GstElement* makeSink(const std::string& description, std::string& problem) {
     const ErrorPtr error(reason);
     if (error) {
         problem = error->message;
+    } else if (sink && G_OBJECT_TYPE(sink) == GST_TYPE_BIN) {
+        problem = "it has several elements"; // playbin3 aborts on such a sink
+        gst_object_unref(gst_object_ref_sink(sink));
+        sink = nullptr;
     }
     return sink;
 }
@@ -48,7 +52,7 @@ std::string chooseSink() {
             return wanted;
         }
         MEDIA_LOG_ERROR(std::string(OVERRIDE_VARIABLE) + " is \"" + wanted + "\", which GStreamer cannot make: " +
-                        problem + ". It is ignored; describe an element, for example \"alsasink device=hw:0\".");
+                        problem + ". It is ignored; describe one element, for example \"alsasink device=hw:0\".");
     }
     return soundServerAnswers() ? "pulsesink" : SILENCE;
 }
