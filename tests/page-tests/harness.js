@@ -1,0 +1,102 @@
+// What the page tests share. A page says its verdict in its title: "PASS", or "FAIL" and why.
+'use strict';
+
+var FILM = 'media/film.mp4'; // 30 s
+var SECOND = 'media/second.mp4'; // 12 s
+var SHORT = 'media/short.mp4'; // 3 s
+
+function fail(why) {
+  if (document.title.indexOf('FAIL') !== 0) {
+    document.title = 'FAIL: ' + why;
+  }
+}
+
+function pass() {
+  if (document.title.indexOf('FAIL') !== 0) {
+    document.title = 'PASS';
+  }
+}
+
+window.onerror = function(message, file, line) {
+  fail(message + ' (line ' + line + ')');
+};
+
+function expect(actual, wanted, what) {
+  if (actual !== wanted) {
+    fail(what + ' is ' + actual + ', wanted ' + wanted);
+  }
+}
+
+function expectNear(actual, wanted, tolerance, what) {
+  if (!(Math.abs(actual - wanted) <= tolerance)) {
+    fail(what + ' is ' + actual + ', wanted ' + wanted + ' +- ' + tolerance);
+  }
+}
+
+// An object in the page, with the play states that its handler was told in `states`.
+function newObject(data, type) {
+  var video = document.createElement('object');
+  video.type = type || 'video/mp4';
+  video.width = 320;
+  video.height = 180;
+  if (data) {
+    video.data = data;
+  }
+  document.body.appendChild(video);
+  video.states = [];
+  video.onPlayStateChange = function(state) {
+    video.states.push(state);
+  };
+  return video;
+}
+
+// Runs steps one after the other. Each gets the function that it calls when it is done.
+function run(steps) {
+  var next = function() {
+    var step = steps.shift();
+    if (step) {
+      step(next);
+    } else {
+      pass();
+    }
+  };
+  next();
+}
+
+// A step that waits until a condition holds, at most 20 seconds. With `video`, a failure names the states it was told.
+function until(what, condition, video) {
+  return function(done) {
+    var tries = 0;
+    var timer = setInterval(function() {
+      if (condition()) {
+        clearInterval(timer);
+        done();
+      } else if (++tries > 1000) {
+        clearInterval(timer);
+        fail('waited in vain until ' + what + (video ? '; it was told ' + video.states.join(' ') : ''));
+      }
+    }, 20);
+  };
+}
+
+function state(video, wanted) {
+  return until('the state is ' + wanted, function() { return video.playState === wanted; }, video);
+}
+
+function told(video, wanted) {
+  return until('the object is told ' + wanted, function() { return video.states.join(' ') === wanted; }, video);
+}
+
+function wait(milliseconds) {
+  return function(done) {
+    setTimeout(done, milliseconds);
+  };
+}
+
+// A step that does something at once.
+function now(action) {
+  return function(done) {
+    action();
+    done();
+  };
+}

@@ -1,0 +1,116 @@
+#include "av_control_test.h"
+
+#include "allocations.h"
+
+#include <utility>
+
+const char* const listenerTypes[10] = {"PlayStateChange",
+                                       "SelectedComponentChange",
+                                       "PlayPositionChanged",
+                                       "PlaySpeedChanged",
+                                       "FullScreenChange",
+                                       "focus",
+                                       "blur",
+                                       "DRMRightsError",
+                                       "ComponentChanged",
+                                       "ParentalRatingChange"};
+
+Video::Video(Start start) : m_handle(television().nextHandle), m_npp(), m_plugin(new VideoPlugin(nullptr)) {
+    if (start == Initialised) {
+        initialize();
+    }
+}
+
+void Video::initialize() {
+    char type[] = "video/mp4";
+    EXPECT_TRUE(m_plugin->initialize(type, &m_npp, NP_EMBED, 0, nullptr, nullptr, nullptr));
+}
+
+void Video::destroy() {
+    delete std::exchange(m_plugin, nullptr);
+}
+
+std::string Video::read(const std::string& name) {
+    NPVariant result;
+    VOID_TO_NPVARIANT(result);
+    if (!m_plugin->getProperty(identifier(name), &result)) {
+        return "(none)";
+    }
+    const std::string value = text(result);
+    NPN_ReleaseVariantValue(&result);
+    return value;
+}
+
+bool Video::write(const std::string& name, const Value& value) {
+    return m_plugin->setProperty(identifier(name), &value.variant());
+}
+
+std::string Video::call(const std::string& name, const Arguments& arguments) {
+    const double untouched = 4711.25;
+    std::vector<NPVariant> variants;
+    for (const Value& argument : arguments) {
+        variants.push_back(argument.variant());
+    }
+    NPVariant result;
+    DOUBLE_TO_NPVARIANT(untouched, result);
+    if (!m_plugin->invoke(browser().element, identifier(name), variants.data(), static_cast<uint32_t>(variants.size()),
+                          &result)) {
+        return "(refused)";
+    }
+    const std::string value = text(result);
+    NPN_ReleaseVariantValue(&result);
+    return value == "4711.25" ? "(untouched)" : value;
+}
+
+bool Video::param(const char* name, const std::string& value) {
+    return m_plugin->setParam(const_cast<char*>(name), const_cast<char*>(value.c_str()));
+}
+
+std::string Video::param(const char* name) {
+    char value[HBBTV_PARAM_VALUE_SIZE] = "";
+    return m_plugin->getParam(const_cast<char*>(name), value) ? value : "(none)";
+}
+
+void Video::report(eMEDIA_CALLBACK_EVENT event, int code) {
+    television().report(m_handle, event, code, ::malloc(16));
+    browser().deliver();
+}
+
+AvControl::AvControl() {
+    fake::failAllocation(0);
+    forgetLog();
+    television() = {};
+    browser().reset();
+    another();
+    fake::happened();
+}
+
+AvControl::~AvControl() {
+    fake::failAllocation(0);
+    m_videos.clear();
+    browser().finish();
+    EXPECT_EQ(0u, television().players.size()) << "players left open";
+    fake::happened();
+}
+
+Video& AvControl::another(Video::Start start) {
+    m_videos.push_back(std::make_unique<Video>(start));
+    return *m_videos.back();
+}
+
+fake::ScriptObject* AvControl::handler(const char* property, std::function<void()> body) {
+    fake::ScriptObject* made = browser().function(property, std::move(body));
+    EXPECT_TRUE(video().write(property, made));
+    return made;
+}
+
+fake::ScriptObject* AvControl::listener(const char* type, std::function<void()> body) {
+    fake::ScriptObject* made = browser().function("listener", std::move(body));
+    EXPECT_EQ("(untouched)", video().call("addEventListener", {type, made}));
+    return made;
+}
+
+std::string AvControl::delivered() {
+    browser().deliver();
+    return happened();
+}

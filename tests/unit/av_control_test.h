@@ -1,0 +1,112 @@
+/** Ground of the tests: a page with A/V Control objects on the scripted platform. */
+#ifndef AV_CONTROL_TEST_H
+#define AV_CONTROL_TEST_H
+
+#include "fake_browser.h"
+#include "fake_player.h"
+#include "journal.h"
+#include "log_capture.h"
+
+#include <gtest/gtest.h>
+
+#include "VideoPlugin.h"
+
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+using fake::Arguments;
+using fake::browser;
+using fake::happened;
+using fake::identifier;
+using fake::television;
+using fake::text;
+using fake::Undefined;
+using fake::Value;
+
+/** Numbers that script can pass, too. */
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+/** An A/V Control object as the framework drives it. Its handle with the television is 7, 8, ... in order of making. */
+class Video {
+public:
+    enum Start { Initialised, Constructed };
+    explicit Video(Start start = Initialised);
+    ~Video() { destroy(); }
+
+    VideoPlugin* operator->() { return m_plugin; }
+    VideoPlugin* plugin() { return m_plugin; }
+    void initialize();
+
+    /** Ends the object, also from inside its own calls. */
+    void destroy();
+
+    /** @return the property as text, or "(none)" when the read fails */
+    std::string read(const std::string& name);
+
+    /** @return what the slot holds, without asking the object */
+    std::string slot(int property) { return text(m_plugin->m_pNpVarProperties[property]); }
+
+    bool write(const std::string& name, const Value& value);
+
+    /** @return the result as text; "(untouched)" when the method left it alone, "(refused)" when the call failed */
+    std::string call(const std::string& name, const Arguments& arguments = {});
+
+    bool param(const char* name, const std::string& value);
+
+    /** @return the parameter, or "(none)" */
+    std::string param(const char* name);
+
+    /** The player reports, and the plug-in thread hears of it at once. */
+    void report(eMEDIA_CALLBACK_EVENT event, int code = 0);
+
+    /** Puts the object into a state without any of the effects that lead there. */
+    void is(int state) { m_plugin->SetPlayState(state); }
+
+private:
+    int m_handle; // the player's, as at construction
+    NPP_t m_npp;
+    VideoPlugin* m_plugin;
+};
+
+class AvControl : public ::testing::Test {
+protected:
+    AvControl();
+    ~AvControl() override;
+
+    /** The first object of the page, initialised. */
+    Video& video() { return *m_videos.front(); }
+
+    /** Another object on the page. */
+    Video& another(Video::Start start = Video::Initialised);
+
+    /** Sets a handler property to a function of that name. */
+    fake::ScriptObject* handler(const char* property, std::function<void()> body = nullptr);
+
+    /** Registers a listener, a function called "listener". */
+    fake::ScriptObject* listener(const char* type, std::function<void()> body = nullptr);
+
+    /** Delivers what is queued. @return what happened since last asked */
+    std::string delivered();
+
+    std::vector<std::unique_ptr<Video>> m_videos;
+};
+
+/** The types of addEventListener, by ListenerNames_e. */
+extern const char* const listenerTypes[10];
+
+/** @return how many lines of exactly this text were written at this level: 2 ordinary, 3 warning, 5 error */
+inline int logged(int level, const std::string& line) {
+    return fake::log().count(level, line);
+}
+inline std::vector<std::string> errorLines() {
+    return fake::log().texts(5);
+}
+inline void forgetLog() {
+    fake::log() = {};
+}
+
+#endif

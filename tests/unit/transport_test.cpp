@@ -1,0 +1,204 @@
+#include "av_control_test.h"
+
+using Transport = AvControl;
+
+TEST_F(Transport, PlayActsByState) {
+    const struct {
+        PlayStates_e state;
+        Value requested;
+        const char* refused;
+        const char* commands;
+        const char* events; // states that the page hears of, in order
+        const char* state_after;
+        const char* speed_after;
+    } rows[] = {{MP_STOPPED, 1, "", "7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
+                {MP_STOPPED, -2.9, "", "7.Play(0) 7.SetSpeed(-2.0)", "3", "3", "-2.0"},
+                {MP_STOPPED, 1, "Play", "7.Play(0)", "6", "6", "0.0"},
+                {MP_STOPPED, 0, "", "7.Pause()", "2", "2", "0.0"},
+                {MP_STOPPED, 0.9, "Pause", "7.Pause()", "6", "6", "0.0"},
+                {MP_PLAYING, 2.7, "", "7.Play(0) 7.SetSpeed(2.0)", "", "1", "2.0"},
+                {MP_PLAYING, 2, "Play", "7.Play(0) 7.SetSpeed(2.0)", "", "1", "2.0"},
+                {MP_PLAYING, "1", "", "7.Pause()", "2", "2", "0.0"},
+                {MP_PLAYING, true, "Pause", "7.Pause()", "6", "6", "0.0"},
+                {MP_CONNECTING, 4, "", "7.Play(0) 7.SetSpeed(4.0)", "", "3", "4.0"},
+                {MP_CONNECTING, 0, "", "7.Pause()", "2", "2", "0.0"},
+                {MP_BUFFERING, -1, "", "7.Play(0) 7.SetSpeed(-1.0)", "", "4", "-1.0"},
+                {MP_BUFFERING, nullptr, "", "7.Pause()", "2", "2", "0.0"},
+                {MP_PAUSED, 1, "", "7.Resume() 7.SetSpeed(1.0)", "", "2", "1.0"},
+                {MP_PAUSED, 1, "Resume", "7.Resume()", "36", "6", "0.0"},
+                {MP_PAUSED, 0, "", "", "", "2", "5.0"},
+                {MP_FINISHED, 1, "", "7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
+                {MP_FINISHED, Undefined(), "", "7.Play(0) 7.SetSpeed(0.0)", "3", "3", "0.0"},
+                {MP_FINISHED, 3, "Play", "7.Play(0)", "36", "6", "0.0"},
+                {MP_ERROR, 1, "", "", "", "6", "5.0"},
+                {MP_ERROR, 0, "", "", "", "6", "5.0"}};
+    std::string heard;
+    handler("onPlayStateChange", [&] { heard += video().read("playState"); });
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.state) + " play(" + text(row.requested) + ") refused: " + row.refused);
+        video()->SetError(AV_FORMAT_NOT_SUPPORTED);
+        video().is(row.state);
+        video()->SetSpeed(5);
+        television().refused = {row.refused};
+        happened();
+        heard.clear();
+        EXPECT_EQ("true", video().call("play", {row.requested}));
+        EXPECT_EQ(row.commands, happened()) << "the page hears after the call";
+        EXPECT_EQ(row.state_after, video().read("playState"));
+        EXPECT_EQ(row.speed_after, video().read("speed"));
+        EXPECT_EQ(*row.refused && *row.events ? "2" : "0", video().read("error"));
+        browser().deliver();
+        EXPECT_EQ(row.events, heard) << "each with the state of its own event";
+    }
+    EXPECT_EQ(2, logged(2, "PLAY OK\n"));
+    EXPECT_EQ(1, logged(2, "PLAY FAIL\n"));
+    EXPECT_EQ(4, logged(2, "SPEED IS NOT SUPPORTED TYPE\n"));
+}
+
+TEST_F(Transport, PlayPlacesThePictureWhateverTheState) {
+    television().quiet.clear();
+    for (const Value& state : {Value(MP_STOPPED), Value(MP_PAUSED), Value(MP_ERROR), Value("odd")}) {
+        video().write("playState", state);
+        EXPECT_EQ("true", video().call("play", {0}));
+        EXPECT_EQ(0u, happened().find("7.SetWindow(0,0,1280,720)")) << text(state);
+    }
+}
+
+TEST_F(Transport, PlayTakesOneArgumentAndOtherwiseTheNormalSpeed) {
+    for (const Arguments& arguments : {Arguments{}, Arguments{2, 3}}) {
+        video().is(MP_STOPPED);
+        video().call("play", arguments);
+        EXPECT_EQ("7.Play(0) 7.SetSpeed(1.0)", happened());
+    }
+    for (const double wild : {notANumber, infinity, -infinity, 1e300, 4e9}) {
+        video().is(MP_PLAYING);
+        EXPECT_EQ("true", video().call("play", {wild})) << wild;
+    }
+}
+
+TEST_F(Transport, APausedObjectRemembersWhereItStopped) {
+    for (const PlayStates_e state : {MP_PLAYING, MP_CONNECTING, MP_BUFFERING}) {
+        video().is(state);
+        television().position = 1000 + state;
+        video().call("play", {0});
+        EXPECT_EQ(std::to_string(1000 + state), video().read("playPosition"));
+    }
+    video().is(MP_PLAYING);
+    television().position = -1;
+    video().call("play", {0});
+    EXPECT_EQ("1004", video().read("playPosition")) << "an unknown position is not stored";
+}
+
+TEST_F(Transport, StopEndsEveryStateAndForgetsTheQueue) {
+    handler("onPlayStateChange");
+    for (const bool stops : {true, false}) {
+        television().refused = {stops ? "" : "Stop"};
+        for (int state = MP_STOPPED; state <= MP_ERROR; ++state) {
+            SCOPED_TRACE(state);
+            video().is(state);
+            video()->SetSpeed(3);
+            video()->m_bUrlIsQueued = video()->m_bRepeateUntilStop = video()->m_bRepeateUtilNum = true;
+            EXPECT_EQ(text(Value(stops)), video().call("stop", {"surplus"}));
+            EXPECT_EQ(std::to_string(stops ? MP_STOPPED : state), video().read("playState"));
+            EXPECT_EQ(stops && state ? "7.Stop() onPlayStateChange(0) 7.sync.state(2,0)" : "7.Stop()", delivered());
+            EXPECT_FALSE(video()->m_bUrlIsQueued || video()->m_bRepeateUntilStop);
+            EXPECT_TRUE(video()->m_bRepeateUtilNum);
+            EXPECT_EQ("0 3.0", video().slot(playPosition) + " " + video().slot(speed));
+        }
+    }
+    television().refused = {};
+    video().write("playState", 17);
+    EXPECT_EQ("false", video().call("stop"));
+    EXPECT_EQ("", delivered());
+}
+
+TEST_F(Transport, SeekMovesTheStateWhenThePlayerAccepts) {
+    const std::pair<PlayStates_e, std::string> rows[] = {{MP_STOPPED, ""},     {MP_PLAYING, "4"},   {MP_PAUSED, ""},
+                                                         {MP_CONNECTING, "3"}, {MP_BUFFERING, "3"}, {MP_FINISHED, ""}};
+    handler("onPlayStateChange");
+    handler("onPlayPositionChanged");
+    for (const auto& [state, heard] : rows) {
+        SCOPED_TRACE(state);
+        video().is(state);
+        EXPECT_EQ("true", video().call("seek", {5000.75}));
+        EXPECT_EQ("5000.75", video().slot(playPosition));
+        EXPECT_EQ(heard.empty() ? std::to_string(state) : heard, video().read("playState"));
+        EXPECT_EQ("7.Seek(5000)" +
+                      (heard.empty() ? "" : " onPlayStateChange(" + heard + ") 7.sync.state(2," + heard + ")"),
+                  delivered());
+    }
+    EXPECT_EQ("true", video().call("seek", {60000.0})) << "the end itself";
+    EXPECT_EQ("true", video().call("seek", {-1.0}));
+    television().duration = 0;
+    EXPECT_EQ("true", video().call("seek", {1e9})) << "no end is known";
+}
+
+TEST_F(Transport, ARefusedSeekTellsThePageWhereItStillIs) {
+    handler("onPlayPositionChanged");
+    video().is(MP_PLAYING);
+    const struct {
+        int duration;
+        const char* refused;
+        std::string commands;
+        double position;
+    } rows[] = {{4000, "", "", 4001}, {-1, "", "", 10}, {4000, "Seek", "7.Seek(10) ", 10}, {4000, "", "", 1e18}};
+    for (const auto& row : rows) {
+        television().duration = row.duration;
+        television().refused = {row.refused};
+        EXPECT_EQ("false", video().call("seek", {row.position}));
+        EXPECT_EQ(row.commands + "onPlayPositionChanged(0)", delivered()) << "nothing numeric is stored";
+    }
+    EXPECT_EQ(1, logged(5, "can not get video duration\n"));
+    EXPECT_EQ(2, logged(2, "seek pos is error\n"));
+    EXPECT_EQ(3, logged(2, "seek position is error\n"));
+    EXPECT_EQ(1, logged(2, "seek mmlib returned NOT OK\n"));
+    television().refused = {};
+    video().call("seek", {1234.9});
+    video().call("seek", {99999.0});
+    EXPECT_EQ("7.Seek(1234) onPlayPositionChanged(1234)", delivered());
+}
+
+TEST_F(Transport, ASeekPositionIsADouble) {
+    for (const Arguments& arguments : {Arguments{}, Arguments{5000}, Arguments{"5000"}, Arguments{true}}) {
+        EXPECT_EQ("false", video().call("seek", arguments));
+    }
+    EXPECT_EQ("", delivered());
+    EXPECT_EQ(4, logged(5, "seek argument type not allowed\n"));
+    for (const double wild : {notANumber, infinity, -infinity, 1e300, -1e300}) {
+        video().call("seek", {wild});
+    }
+}
+
+TEST_F(Transport, VolumeIsOnlyChecked) {
+    for (const Value& volume : {Value(0), Value(101), Value(101.9), Value(-0.9)}) {
+        EXPECT_EQ("true", video().call("setVolume", {volume})) << text(volume);
+    }
+    for (const Value& volume : {Value(102), Value(-1), Value(102.0), Value("50"), Value(true), Value(nullptr), Value(),
+                                Value(notANumber), Value(1e300), Value(-1e300)}) {
+        EXPECT_EQ("false", video().call("setVolume", {volume})) << text(volume);
+    }
+    EXPECT_EQ("", delivered());
+}
+
+TEST_F(Transport, TheStateModelKeepsWhatItIsTold) {
+    forgetLog();
+    video().is(MP_STOPPED);
+    EXPECT_EQ(0u, fake::log().lines.size());
+    video().is(42);
+    EXPECT_EQ(1, logged(2, "currentState = 0,newState = 42\n"));
+    EXPECT_EQ("42", video().read("playState"));
+    video()->SetError(-3);
+    video()->SetSpeed(0.5);
+    EXPECT_EQ("-3", text(*video()->GetErrorProperty()));
+    EXPECT_EQ("0.5", text(*video()->GetSpeedProperty()));
+    video().is(MP_ERROR);
+    EXPECT_EQ("true", video().call("stop"));
+    EXPECT_EQ("true", video().call("play"));
+    EXPECT_EQ("-3", video().read("error")) << "the last error stays";
+    happened();
+    television().refused = {"Stop"};
+    video()->DestoryPlayer();
+    EXPECT_EQ("7.Stop()", happened());
+    EXPECT_EQ("3", video().read("playState"));
+    EXPECT_EQ(1, logged(2, "ERROR from destructor, while stopping mmlib\n"));
+}
