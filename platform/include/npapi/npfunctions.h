@@ -29,7 +29,7 @@ typedef struct _NPNetscapeFuncs {
     NPUnusedProcPtr write;
     NPUnusedProcPtr destroystream;
     NPUnusedProcPtr status;
-    const char* (*uagent)(NPP instance);
+    NPUnusedProcPtr uagent;
     void* (*memalloc)(uint32_t size);
     void (*memfree)(void* ptr);
     NPUnusedProcPtr memflush;
@@ -62,7 +62,7 @@ typedef struct _NPNetscapeFuncs {
     NPUnusedProcPtr hasproperty;
     NPUnusedProcPtr hasmethod;
     void (*releasevariantvalue)(NPVariant* variant);
-    void (*setexception)(NPObject* obj, const NPUTF8* message);
+    NPUnusedProcPtr setexception;
     NPUnusedProcPtr pushpopupsenabledstate;
     NPUnusedProcPtr poppopupsenabledstate;
     NPUnusedProcPtr enumerate;

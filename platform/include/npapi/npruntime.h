@@ -197,9 +197,6 @@ bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVari
 /** Writes a property. @param value the caller's. @return false when the object refuses. */
 bool NPN_SetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, const NPVariant* value);
 
-/** Raises a script error in the call that is being served. @param message zero-terminated UTF-8 */
-void NPN_SetException(NPObject* npobj, const NPUTF8* message);
-
 #ifdef __cplusplus
 }
 

@@ -1,5 +1,6 @@
 // The NPN_ functions for engines that pass theirs in a table. A program that defines NPN_ functions of its own, as a
-// television's browser does, takes their place.
+// television's browser does, takes their place. It may leave out those that only the NPAPI module needs: without a
+// table they answer that there is nothing.
 #include "BrowserFunctions.h"
 
 #include "AsyncCalls.h"
@@ -19,7 +20,7 @@ bool complete(const NPNetscapeFuncs& table) {
            table.getintidentifier && table.identifierisstring && table.utf8fromidentifier && table.intfromidentifier &&
            table.createobject && table.retainobject && table.releaseobject && table.invoke && table.invokeDefault &&
            table.evaluate && table.getproperty && table.setproperty && table.releasevariantvalue &&
-           table.setexception && table.pluginthreadasynccall;
+           table.pluginthreadasynccall;
 }
 
 } // namespace
@@ -50,7 +51,7 @@ HBBTV_EXPORT NPError NPN_GetValue(NPP instance, NPNVariable variable, void* valu
 }
 
 HBBTV_EXPORT NPError NPN_SetValue(NPP instance, NPPVariable variable, void* value) {
-    return functions.setvalue(instance, variable, value);
+    return functions.setvalue ? functions.setvalue(instance, variable, value) : NPERR_GENERIC_ERROR;
 }
 
 HBBTV_EXPORT void* NPN_MemAlloc(uint32_t size) {
@@ -88,11 +89,11 @@ HBBTV_EXPORT NPIdentifier NPN_GetStringIdentifier(const NPUTF8* name) {
 }
 
 HBBTV_EXPORT NPIdentifier NPN_GetIntIdentifier(int32_t intid) {
-    return functions.getintidentifier(intid);
+    return functions.getintidentifier ? functions.getintidentifier(intid) : nullptr;
 }
 
 HBBTV_EXPORT bool NPN_IdentifierIsString(NPIdentifier identifier) {
-    return functions.identifierisstring(identifier);
+    return !functions.identifierisstring || functions.identifierisstring(identifier);
 }
 
 HBBTV_EXPORT NPUTF8* NPN_UTF8FromIdentifier(NPIdentifier identifier) {
@@ -100,7 +101,7 @@ HBBTV_EXPORT NPUTF8* NPN_UTF8FromIdentifier(NPIdentifier identifier) {
 }
 
 HBBTV_EXPORT int32_t NPN_IntFromIdentifier(NPIdentifier identifier) {
-    return functions.intfromidentifier(identifier);
+    return functions.intfromidentifier ? functions.intfromidentifier(identifier) : -1;
 }
 
 HBBTV_EXPORT bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, const NPVariant* args,
@@ -119,7 +120,7 @@ HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* a
 }
 
 HBBTV_EXPORT bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result) {
-    return functions.evaluate(npp, npobj, script, result);
+    return functions.evaluate && functions.evaluate(npp, npobj, script, result);
 }
 
 HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {
@@ -127,9 +128,5 @@ HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propert
 }
 
 HBBTV_EXPORT bool NPN_SetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, const NPVariant* value) {
-    return functions.setproperty(npp, npobj, propertyName, value);
-}
-
-HBBTV_EXPORT void NPN_SetException(NPObject* npobj, const NPUTF8* message) {
-    functions.setexception(npobj, message);
+    return functions.setproperty && functions.setproperty(npp, npobj, propertyName, value);
 }
