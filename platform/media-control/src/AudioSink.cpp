@@ -11,6 +11,10 @@ namespace {
 
 // Without sync the position would run ahead of the picture.
 constexpr const char* SILENCE = "fakesink sync=true";
+
+// Not by the sound server's clock: after a pause or a seek that may stand for a second, and the picture with it.
+constexpr const char* SOUND_SERVER = "pulsesink provide-clock=false";
+
 constexpr const char* OVERRIDE_VARIABLE = "AVCONTROL_AUDIO_SINK";
 
 /** @return a floating element, or null with the reason in `problem` */
@@ -18,14 +22,12 @@ GstElement* makeSink(const std::string& description, std::string& problem) {
     GError* reason = nullptr;
     GstElement* sink = gst_parse_bin_from_description_full(
         description.c_str(), TRUE, nullptr,
-        static_cast<GstParseFlags>(GST_PARSE_FLAG_FATAL_ERRORS | GST_PARSE_FLAG_NO_SINGLE_ELEMENT_BINS), &reason);
+        static_cast<GstParseFlags>(GST_PARSE_FLAG_FATAL_ERRORS | GST_PARSE_FLAG_NO_SINGLE_ELEMENT_BINS |
+                                   GST_PARSE_FLAG_PLACE_IN_BIN),
+        &reason);
     const ErrorPtr error(reason);
     if (error) {
         problem = error->message;
-    } else if (sink && G_OBJECT_TYPE(sink) == GST_TYPE_BIN) {
-        problem = "it has several elements"; // playbin3 aborts on such a sink
-        gst_object_unref(gst_object_ref_sink(sink));
-        sink = nullptr;
     }
     return sink;
 }
@@ -52,9 +54,9 @@ std::string chooseSink() {
             return wanted;
         }
         MEDIA_LOG_ERROR(std::string(OVERRIDE_VARIABLE) + " is \"" + wanted + "\", which GStreamer cannot make: " +
-                        problem + ". It is ignored; describe one element, for example \"alsasink device=hw:0\".");
+                        problem + ". It is ignored; describe a sink, for example \"alsasink device=hw:0\".");
     }
-    return soundServerAnswers() ? "pulsesink" : SILENCE;
+    return soundServerAnswers() ? SOUND_SERVER : SILENCE;
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace media {
 
 /**
  * Makes a sound output. The kind is chosen once for the process: what the environment variable AVCONTROL_AUDIO_SINK
- * describes (one GStreamer element with its properties, for example "alsasink device=hw:0"), else the sound server when
+ * describes (in the words of gst-launch, for example "alsasink device=hw:0"), else the sound server when
  * one answers, else silence that keeps time.
  * @return a floating element. Thread: a player's; the first call may take some 100 ms.
  */
