@@ -11,4 +11,19 @@ video.play(1);
 if (fullScreen) {
   video.setFullScreen(true);
 }
-run([state(video, 1), until('the film has run a while', function() { return video.playPosition > 1000; })]);
+// A dozen dots that change at once: nothing between them may be lost.
+var dots = [];
+for (var i = 0; i < 12; ++i) {
+  var dot = document.createElement('div');
+  dot.style.cssText = 'position: absolute; width: 20px; height: 20px';
+  dot.style.left = 100 * i + 'px';
+  dot.style.top = 50 * i + 'px';
+  dots.push(document.body.appendChild(dot));
+}
+run([
+  state(video, 1),
+  until('the film has run a while', function() {
+    dots.forEach(function(element) { element.textContent = Math.floor(video.playPosition) % 10; });
+    return video.playPosition > 1000;
+  })
+]);

@@ -46,6 +46,7 @@ Exit codes: 0 done, 1 failed (page, plug-in, verdict), 2 wrong use.
 )";
 
 constexpr double defaultScreenshotSeconds = 5;
+constexpr double verdictLimitSeconds = 60;
 
 CommandLineResult refusal(const QString& text) {
     return {std::nullopt, QStringLiteral("tv-browser: %1\nTry tv-browser --help.\n").arg(text), 2};
@@ -133,6 +134,9 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     }
     if (!readSeconds(parser, exitOption, line.exitAfter)) {
         return refusal(badSeconds(parser, exitOption));
+    }
+    if (line.verdict && !line.exitAfter) {
+        line.exitAfter = verdictLimitSeconds;
     }
     if (line.exitAfter && !line.screenshotFile.isEmpty() && line.screenshotAfter &&
         *line.exitAfter <= *line.screenshotAfter) {

@@ -18,7 +18,7 @@ struct CommandLine {
     QString pluginFolder;                  /**< where the plug-in module is; empty for beside the program */
     QString screenshotFile;                /**< empty for none */
     std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
-    std::optional<double> exitAfter;       /**< seconds */
+    std::optional<double> exitAfter;       /**< seconds; always there with a verdict */
     QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
     bool headless = false;
     bool trace = false;

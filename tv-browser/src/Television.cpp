@@ -12,7 +12,6 @@ namespace {
 
 constexpr double keyHoldSeconds = 0.05;
 constexpr double keyGapSeconds = 0.1;
-constexpr double verdictLimitSeconds = 60;
 
 void complain(const QString& text) {
     std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(text));
@@ -63,8 +62,8 @@ int Television::run(const QString& pluginModule) {
     if (!m_commandLine.screenshotFile.isEmpty() && m_commandLine.screenshotAfter) {
         after(*m_commandLine.screenshotAfter, &Television::takeScreenshot);
     }
-    if (m_commandLine.exitAfter || m_commandLine.verdict) {
-        after(m_commandLine.exitAfter.value_or(verdictLimitSeconds), &Television::timeUp);
+    if (m_commandLine.exitAfter) {
+        after(*m_commandLine.exitAfter, &Television::timeUp);
     }
     m_page.open(url);
     return QCoreApplication::exec();
@@ -182,7 +181,7 @@ void Television::takeScreenshot() {
     }
     std::printf("%s\n", qPrintable(m_commandLine.screenshotFile));
     std::fflush(stdout);
-    if (!m_window && !m_commandLine.exitAfter && !m_commandLine.verdict) {
+    if (!m_window && !m_commandLine.exitAfter) {
         QCoreApplication::exit(0);
     }
 }
@@ -190,7 +189,7 @@ void Television::takeScreenshot() {
 void Television::timeUp() {
     if (m_commandLine.verdict) {
         complain(QStringLiteral("no verdict of the page after %1 seconds; its title is \"%2\"")
-                     .arg(m_commandLine.exitAfter.value_or(verdictLimitSeconds))
+                     .arg(*m_commandLine.exitAfter)
                      .arg(m_page.mainFrame()->title()));
     } else if (!m_wasLoaded) {
         complain(QStringLiteral("the page was not loaded after %1 seconds").arg(*m_commandLine.exitAfter));

@@ -53,11 +53,6 @@ void TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
     event(&keyEvent);
 }
 
-bool TvPage::shouldInterruptJavaScript() {
-    std::fputs("A script of the page ran too long and was stopped.\n", stderr);
-    return true;
-}
-
 bool TvPage::supportsExtension(Extension extension) const {
     return extension == ErrorPageExtension;
 }

@@ -31,7 +31,6 @@ public:
     /** Gives a key to the page, as if it were pressed or released on the remote control. */
     void sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
 
-    bool shouldInterruptJavaScript() override;
     bool supportsExtension(Extension extension) const override;
     bool extension(Extension extension, const ExtensionOption* option, ExtensionReturn* output) override;
 

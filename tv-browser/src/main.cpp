@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 #include "HeadlessMessages.h"
 #include "Television.h"
-#include "TerminationSignals.h"
+#include "Watchdog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -28,6 +28,19 @@ QString loadProblem(const QString& module) {
     return {};
 }
 
+/** Decides between a window and none, before Qt does. */
+void choosePlatform(CommandLine& commandLine) {
+    if (commandLine.headless ||
+        (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))) {
+        commandLine.headless = true;
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("DISPLAY"); // The offscreen platform would connect to it for OpenGL.
+        dropMissingDesktopMessages();
+    } else if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "wayland"); // Qt would try X first, and end there.
+    }
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -43,22 +56,13 @@ int main(int argc, char* argv[]) {
     }
     CommandLine& commandLine = *result.commandLine;
 
-    if (commandLine.headless ||
-        (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))) {
-        commandLine.headless = true;
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qunsetenv("DISPLAY"); // The offscreen platform would connect to it for OpenGL.
-        dropMissingDesktopMessages();
-    } else if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "wayland"); // Qt would try X first, and end there.
-    }
-
+    choosePlatform(commandLine);
     const QString pluginFolder =
         QDir(commandLine.pluginFolder.isEmpty() ? programFolder() + QStringLiteral("/../lib/npapi")
                                                 : commandLine.pluginFolder)
             .absolutePath();
     const QString pluginModule = pluginFolder + QStringLiteral("/npavcontrol.so");
-    TerminationSignals terminationSignals;
+    const Watchdog watchdog(commandLine.exitAfter);
     const QString problem = loadProblem(pluginModule);
     if (!problem.isEmpty()) {
         std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(problem));
@@ -69,7 +73,6 @@ int main(int argc, char* argv[]) {
     int engineArgc = 1;
     QApplication application(engineArgc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tv-browser"));
-    terminationSignals.watch();
     Television television(commandLine, startUs);
     return television.run(pluginModule);
 }

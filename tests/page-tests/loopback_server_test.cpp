@@ -1,0 +1,83 @@
+// The server for local pages, over real connections.
+#include "LoopbackServer.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <httplib.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class LoopbackServerTest : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "loopback-XXXXXX").string();
+        m_folder = mkdtemp(pattern.data());
+        fs::create_directories(m_folder / "site/sub");
+        fs::create_directories(m_folder / "films");
+        write("site/page.xhtml", "page");
+        write("site/sub/index.html", "index");
+        write("films/a.mp4", "0123456789");
+        write("secret", "secret");
+        fs::create_symlink(m_folder / "secret", m_folder / "site/link");
+        ASSERT_TRUE(m_server.mount("", m_folder / "site"));
+        ASSERT_TRUE(m_server.mount("films", m_folder / "films"));
+        m_port = m_server.start();
+        ASSERT_GT(m_port, 0);
+    }
+
+    void TearDown() override { fs::remove_all(m_folder); }
+
+    void write(const char* file, const std::string& text) const { std::ofstream(m_folder / file) << text; }
+
+    httplib::Result get(const std::string& path, const httplib::Headers& headers = {}) const {
+        httplib::Client client("127.0.0.1", m_port);
+        client.set_url_encode(false);
+        return client.Get(path, headers);
+    }
+
+    /// @return status, content range and body of an answer to a request for a range
+    std::string range(const std::string& bytes) const {
+        const auto answer = get("/films/a.mp4", {{"Range", "bytes=" + bytes}});
+        if (!answer) {
+            return "no answer";
+        }
+        return std::to_string(answer->status) + " " + answer->get_header_value("Content-Range") + " " + answer->body;
+    }
+
+    fs::path m_folder;
+    LoopbackServer m_server;
+    int m_port = 0;
+};
+
+TEST_F(LoopbackServerTest, ServesFilesWithTheirTypes) {
+    EXPECT_EQ(get("/page.xhtml")->get_header_value("Content-Type"), "application/xhtml+xml");
+    EXPECT_EQ(get("/sub/")->body, "index");
+    EXPECT_EQ(get("/sub")->get_header_value("Location"), "/sub/");
+    EXPECT_EQ(get("/films/a.mp4")->get_header_value("Content-Type"), "video/mp4");
+    EXPECT_EQ(get("/missing")->status, 404);
+}
+
+TEST_F(LoopbackServerTest, ServesRangesAndRefusesThoseOutsideTheFile) {
+    EXPECT_EQ(range("2-4"), "206 bytes 2-4/10 234");
+    EXPECT_EQ(range("7-"), "206 bytes 7-9/10 789");
+    EXPECT_EQ(range("-2"), "206 bytes 8-9/10 89");
+    EXPECT_EQ(range("8-99"), "206 bytes 8-9/10 89");
+    EXPECT_EQ(range("10-"), "416 bytes */10 ");
+}
+
+TEST_F(LoopbackServerTest, KeepsToItsFolders) {
+    for (const char* path :
+         {"/../secret", "/%2e%2e/secret", "/..%2fsecret", "/films/../../secret", "/link", "/page.xhtml%00"}) {
+        EXPECT_EQ(get(path)->status, 404) << path;
+    }
+    EXPECT_FALSE(m_server.mount("a/b", m_folder));
+    EXPECT_FALSE(m_server.mount("nothing", m_folder / "nothing"));
+}
+
+TEST_F(LoopbackServerTest, AnswersOnlyToItsOwnName) {
+    EXPECT_EQ(get("/page.xhtml", {{"Host", "elsewhere.example"}})->status, 403);
+}
+
+} // namespace
