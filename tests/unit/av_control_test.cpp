@@ -98,14 +98,14 @@ Video& AvControl::another(Video::Start start) {
     return *m_videos.back();
 }
 
-fake::ScriptObject* AvControl::handler(const char* property, std::function<void()> body) {
-    fake::ScriptObject* made = browser().function(property, std::move(body));
+fake::ScriptObject* AvControl::handler(const char* property, const std::function<void()>& body) {
+    fake::ScriptObject* made = browser().function(property, body);
     EXPECT_TRUE(video().write(property, made));
     return made;
 }
 
-fake::ScriptObject* AvControl::listener(const char* type, std::function<void()> body) {
-    fake::ScriptObject* made = browser().function("listener", std::move(body));
+fake::ScriptObject* AvControl::listener(const char* type, const std::function<void()>& body) {
+    fake::ScriptObject* made = browser().function("listener", body);
     EXPECT_EQ("(untouched)", video().call("addEventListener", {type, made}));
     return made;
 }

@@ -84,10 +84,10 @@ protected:
     Video& another(Video::Start start = Video::Initialised);
 
     /** Sets a handler property to a function of that name. */
-    fake::ScriptObject* handler(const char* property, std::function<void()> body = nullptr);
+    fake::ScriptObject* handler(const char* property, const std::function<void()>& body = nullptr);
 
     /** Registers a listener, a function called "listener". */
-    fake::ScriptObject* listener(const char* type, std::function<void()> body = nullptr);
+    fake::ScriptObject* listener(const char* type, const std::function<void()>& body = nullptr);
 
     /** Delivers what is queued. @return what happened since last asked */
     std::string delivered();

@@ -163,7 +163,7 @@ ScriptObject* Browser::object(const std::string& name) {
     return made;
 }
 
-ScriptObject* Browser::function(const std::string& name, std::function<void()> body) {
+ScriptObject* Browser::function(const std::string& name, const std::function<void()>& body) {
     ScriptObject* made = object(name);
     made->call = [name, body](const NPVariant* args, uint32_t count) {
         note(name + list(args, count));

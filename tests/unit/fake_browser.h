@@ -89,7 +89,7 @@ struct Browser {
     ScriptObject* object(const std::string& name);
 
     /** @return a new function of the page; calls are noted as name(arguments) before `body` runs */
-    ScriptObject* function(const std::string& name, std::function<void()> body = nullptr);
+    ScriptObject* function(const std::string& name, const std::function<void()>& body = nullptr);
 
     /** @return a new object of the page in a block of exactly sizeof(NPObject) */
     NPObject* bareObject();

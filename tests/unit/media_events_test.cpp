@@ -94,7 +94,7 @@ TEST_P(EachMediaEvent, ReachesTheListenerInsteadWithTheEventObject) {
     setFunctions(true, nullptr);
     std::string expected = GetParam().handler;
     if (!GetParam().event_object.empty()) {
-        const size_t from = expected.find("on"), to = expected.find(")", from);
+        const size_t from = expected.find("on"), to = expected.find(')', from);
         expected.replace(from, to - from, "listener(event{" + GetParam().event_object + "}");
     }
     EXPECT_EQ(expected, report());

@@ -19,6 +19,7 @@ TEST_F(PropertyRead, PositionAndDurationDependOnTheState) {
     }
     EXPECT_EQ("60000", video().slot(playTime));
     EXPECT_EQ(1, logged(2, "getProperty playPosition:5040\n\n"));
+    EXPECT_EQ(1, logged(2, "variant: string \"undefined\"\n"));
     EXPECT_EQ(5, logged(2, "getProperty Duration:60000\n\n"));
     NULL_TO_NPVARIANT(video()->m_pNpVarProperties[playPosition]);
     EXPECT_EQ("(none)", video().read("playPosition"));

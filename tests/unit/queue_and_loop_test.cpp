@@ -26,6 +26,7 @@ TEST_F(QueueAndLoop, TheQueuedMediaFollowsAsFiveZeroThree) {
     EXPECT_FALSE(video()->m_bUrlIsQueued);
     EXPECT_STREQ(first, video()->m_acQueuedUrlBuffer);
     EXPECT_EQ(1, logged(2, "FROM : callback ### URL IS QUEUED !!!\n\n"));
+    EXPECT_EQ(0, logged(2, "!!!MediaCallback called end!!!\n"));
 }
 
 TEST_F(QueueAndLoop, QueueingWhileNothingRunsStartsAtOnce) {
@@ -64,6 +65,7 @@ TEST_F(QueueAndLoop, StopDropsTheItem) {
     happened();
     video().report(eMEDIA_CALLBACK_FINISHED);
     EXPECT_EQ("7.Stop()", happened());
+    EXPECT_EQ(1, logged(2, "!!!MediaCallback called end!!!\n"));
     EXPECT_EQ("5", video().read("playState"));
 }
 
