@@ -69,7 +69,7 @@ using fake::television;
         return command(#name, player, argument);                                                                       \
     }
 #define COMPONENT_COMMAND(name, Type)                                                                                  \
-    int Hbbtv_AL_MediaPlayer##name(int player, Type* component) {                                                      \
+    int Hbbtv_AL_MediaPlayer##name(int player, Type component) {                                                       \
         television().component = component;                                                                            \
         return command(#name, player);                                                                                 \
     }
@@ -85,12 +85,12 @@ COMMAND_WITH(Seek, int)
 COMMAND_WITH(SetSpeed, double)
 COMMAND_WITH(SelectDefaultAVComponent, int)
 COMMAND_WITH(UnselectAVComponentByType, int)
-COMPONENT_COMMAND(SelectAVVideoComponent, AVVideoComponent)
-COMPONENT_COMMAND(SelectAVAudioComponent, AVAudioComponent)
-COMPONENT_COMMAND(SelectAVSubtitleComponent, AVSubtitleComponent)
-COMPONENT_COMMAND(UnselectAVVideoComponent, AVVideoComponent)
-COMPONENT_COMMAND(UnselectAVAudioComponent, AVAudioComponent)
-COMPONENT_COMMAND(UnselectAVSubtitleComponent, AVSubtitleComponent)
+COMPONENT_COMMAND(SelectAVVideoComponent, AVVideoComponent*)
+COMPONENT_COMMAND(SelectAVAudioComponent, AVAudioComponent*)
+COMPONENT_COMMAND(SelectAVSubtitleComponent, AVSubtitleComponent*)
+COMPONENT_COMMAND(UnselectAVVideoComponent, AVVideoComponent*)
+COMPONENT_COMMAND(UnselectAVAudioComponent, AVAudioComponent*)
+COMPONENT_COMMAND(UnselectAVSubtitleComponent, AVSubtitleComponent*)
 
 int Hbbtv_AL_MediaPlayerOpen(int* player) {
     EXPECT_EQ(-1, *player) << "left as it is when no player can be had";

@@ -16,8 +16,8 @@ namespace {
 constexpr size_t poolThreads = 64;
 constexpr time_t keepAliveSeconds = 1;
 // A paused film does not read for as long as it likes.
-constexpr time_t writeTimeoutSeconds = 24 * 3600;
-constexpr size_t chunkBytes = 64 * 1024;
+constexpr time_t writeTimeoutSeconds = 24 * time_t{3600};
+constexpr size_t chunkBytes = 64 * size_t{1024};
 
 const char* mimeType(const fs::path& file) {
     static const std::map<std::string, const char*> types = {

@@ -50,7 +50,7 @@ bool VideoPlugin::getParam(char* sParamName, char* sParamValue) {
     if (index < 0 || !m_ppsParamValues[index] || !m_ppsParamValues[index][0]) {
         return false;
     }
-    strcpy(sParamValue, m_ppsParamValues[index]);
+    memcpy(sParamValue, m_ppsParamValues[index], strlen(m_ppsParamValues[index]) + 1);
     return true;
 }
 
@@ -206,7 +206,7 @@ bool VideoPlugin::setParam(char* sParamName, char* sParamValue) {
         LOG_ERROR("No memory for parameter %s\n", sParamName);
         return false;
     }
-    memcpy(value, sParamValue, length);
+    memcpy(value, sParamValue, length + 1);
     char* const former = m_ppsParamValues[index];
     m_ppsParamValues[index] = value;
     LOG("PARAM (%s) = %s\n\n", psParamNames[index], value);

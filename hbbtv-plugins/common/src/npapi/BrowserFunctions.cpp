@@ -51,7 +51,7 @@ HBBTV_EXPORT NPError NPN_GetValue(NPP instance, NPNVariable variable, void* valu
 }
 
 HBBTV_EXPORT NPError NPN_SetValue(NPP instance, NPPVariable variable, void* value) {
-    return functions.setvalue ? functions.setvalue(instance, variable, value) : NPERR_GENERIC_ERROR;
+    return functions.setvalue ? functions.setvalue(instance, variable, value) : NPError{NPERR_GENERIC_ERROR};
 }
 
 HBBTV_EXPORT void* NPN_MemAlloc(uint32_t size) {
