@@ -10,7 +10,9 @@ static NPVariant retainedObject(NPObject* object) {
     return object ? objectVariant(NPN_RetainObject(object)) : nullVariant();
 }
 
-/// Reads a component type. @return false after a log line for what is no number, or a negative one
+/// Reads a component type.
+/// @param type receives 0 to 2
+/// @return false after a log line for what is no number, or names no type
 static bool readComponentType(const NPVariant& npComponentType, int* type) {
     if (!readInt(npComponentType, type)) {
         LOG_ERROR("%s\n", "Wrong input argument type");
@@ -20,62 +22,55 @@ static bool readComponentType(const NPVariant& npComponentType, int* type) {
         LOG_ERROR("%s\n", "Wrong input argument value");
         return false;
     }
+    if (*type > AV_COMPONENT_TYPE_SUBTITLE) {
+        LOG_ERROR("Unsupported component type: %d\n", *type);
+        return false;
+    }
     return true;
 }
 
 NPVariant VideoPlugin::GetComponents(NPVariant npComponentType) {
     LOG("Method getComponents called\n");
-    HbbTVComponentCollectionHolderClass* const holder = m_pComponentCollectionHolder;
+    int type = AV_COMPONENT_TYPE_INVALID;
     if (NPVARIANT_IS_NULL(npComponentType)) {
         LOG("Method getComponents(NULL) called\n\n");
-        LOG("Method getComponents called (component type : %d)\n", AV_COMPONENT_TYPE_INVALID);
-        return retainedObject(holder ? holder->getAvailableAllComponents() : nullptr);
-    }
-    int type = 0;
-    if (!readComponentType(npComponentType, &type)) {
-        return nullVariant();
-    }
-    NPObject* collection = nullptr;
-    switch (type) {
-    case AV_COMPONENT_TYPE_VIDEO:
-        collection = holder ? holder->getAvailableVideoComponents() : nullptr;
-        break;
-    case AV_COMPONENT_TYPE_AUDIO:
-        collection = holder ? holder->getAvailableAudioComponents() : nullptr;
-        break;
-    case AV_COMPONENT_TYPE_SUBTITLE:
-        collection = holder ? holder->getAvailableSubtitleComponents() : nullptr;
-        break;
-    default:
-        LOG_ERROR("Unsupported component type: %d\n", type);
+    } else if (!readComponentType(npComponentType, &type)) {
         return nullVariant();
     }
     LOG("Method getComponents called (component type : %d)\n", type);
-    return retainedObject(collection);
+    HbbTVComponentCollectionHolderClass* const holder = m_pComponentCollectionHolder;
+    if (!holder) {
+        return nullVariant();
+    }
+    switch (type) {
+    case AV_COMPONENT_TYPE_VIDEO:
+        return retainedObject(holder->getAvailableVideoComponents());
+    case AV_COMPONENT_TYPE_AUDIO:
+        return retainedObject(holder->getAvailableAudioComponents());
+    case AV_COMPONENT_TYPE_SUBTITLE:
+        return retainedObject(holder->getAvailableSubtitleComponents());
+    default:
+        return retainedObject(holder->getAvailableAllComponents());
+    }
 }
 
 NPVariant VideoPlugin::GetCurrentActiveComponents(NPVariant npComponentType) {
     LOG("Method getCurrentActiveComponents called\n");
-    HbbTVComponentCollectionHolderClass* const holder = m_pComponentCollectionHolder;
     int type = 0;
     if (!readComponentType(npComponentType, &type)) {
         return nullVariant();
     }
-    NPObject* collection = nullptr;
-    switch (type) {
-    case AV_COMPONENT_TYPE_VIDEO:
-        collection = holder ? holder->getActiveVideoComponents() : nullptr;
-        break;
-    case AV_COMPONENT_TYPE_AUDIO:
-        collection = holder ? holder->getActiveAudioComponents() : nullptr;
-        break;
-    case AV_COMPONENT_TYPE_SUBTITLE:
-        collection = holder ? holder->getActiveSubtitleComponents() : nullptr;
-        break;
-    default:
-        LOG_ERROR("Unsupported component type: %d\n", type);
+    LOG("Method getCurrentActiveComponents called (active component type : %d)\n", type);
+    HbbTVComponentCollectionHolderClass* const holder = m_pComponentCollectionHolder;
+    if (!holder) {
         return nullVariant();
     }
-    LOG("Method getCurrentActiveComponents called (active component type : %d)\n", type);
-    return retainedObject(collection);
+    switch (type) {
+    case AV_COMPONENT_TYPE_VIDEO:
+        return retainedObject(holder->getActiveVideoComponents());
+    case AV_COMPONENT_TYPE_AUDIO:
+        return retainedObject(holder->getActiveAudioComponents());
+    default:
+        return retainedObject(holder->getActiveSubtitleComponents());
+    }
 }
