@@ -1,8 +1,8 @@
 #include "Playback.h"
 
 #include "AudioSink.h"
-#include "HttpSource.h"
 #include "MediaLog.h"
+#include "MediaRequests.h"
 #include "MediaTrace.h"
 #include "MissingPlugin.h"
 #include "PipelineEnd.h"
@@ -33,6 +33,7 @@ constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another
 constexpr int64_t CUT_TOLERANCE_MS = 2000;
 
 struct SourceSetup {
+    std::string url;
     bool televisionUserAgent;
     std::shared_ptr<LastActivity> lastActivity;
 };
@@ -53,9 +54,7 @@ void noteActivity(GstElement* element, const char* padName, const std::shared_pt
 
 void onSourceSetup(GstElement* /*playbin*/, GstElement* source, gpointer data) {
     const auto* setup = static_cast<const SourceSetup*>(data);
-    if (setup->televisionUserAgent) {
-        setTelevisionUserAgent(source);
-    }
+    prepareRequests(source, setup->url, setup->televisionUserAgent);
     noteActivity(source, "src", setup->lastActivity);
 }
 
@@ -142,7 +141,7 @@ bool Playback::buildPipeline() {
 
 void Playback::watchStreams() {
     g_signal_connect_data(m_pipeline.get(), "source-setup", G_CALLBACK(&onSourceSetup),
-                          new SourceSetup{m_settings.televisionUserAgent, m_lastActivity},
+                          new SourceSetup{m_settings.url, m_settings.televisionUserAgent, m_lastActivity},
                           &deleteClosureData<SourceSetup>, GConnectFlags(0));
     g_signal_connect(m_pipeline.get(), "element-setup", G_CALLBACK(&onElementSetup), nullptr);
     noteActivity(m_videoSink.element(), "sink", m_lastActivity);

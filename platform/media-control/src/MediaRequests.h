@@ -1,0 +1,22 @@
+/** The settings of media_requests.h, as the players need them. Threads: any. */
+#ifndef MEDIA_CONTROL_MEDIAREQUESTS_H
+#define MEDIA_CONTROL_MEDIAREQUESTS_H
+
+#include <gst/gst.h>
+#include <string>
+
+namespace media {
+
+/**
+ * Makes a GStreamer source send what the television sends: its user agent and the cookies of the address. A source that
+ * is not for HTTP is left as it is.
+ * @param televisionUserAgent false: GStreamer's own user agent
+ */
+void prepareRequests(GstElement* source, const std::string& url, bool televisionUserAgent);
+
+/** @return the address made absolute with the page's (RFC 3986, 5.2); empty when it cannot be */
+std::string absoluteUrl(const std::string& url);
+
+} // namespace media
+
+#endif
