@@ -41,6 +41,10 @@ const char* kindName(MediaTraceKind kind) {
         return "report";
     case MEDIA_TRACE_NOTE:
         return "note";
+    case MEDIA_TRACE_REQUEST:
+        return "request";
+    case MEDIA_TRACE_BUFFERING:
+        return "buffer";
     }
     return "";
 }
@@ -82,7 +86,7 @@ void TraceLog::onPlugin(const HbbTVPluginTraceEntry* entry, void* log) {
 
 void TraceLog::onMedia(const MediaTraceEntry* entry, void* log) {
     std::string text = entry->text;
-    if (entry->kind == MEDIA_TRACE_COMMAND) {
+    if (entry->kind == MEDIA_TRACE_COMMAND || entry->kind == MEDIA_TRACE_REQUEST) {
         text += " -> " + std::to_string(entry->result);
     }
     static_cast<TraceLog*>(log)->add(entry->timeUs, 0, "player " + std::to_string(entry->player), kindName(entry->kind),

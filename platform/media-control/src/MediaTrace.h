@@ -21,6 +21,8 @@ private:
 void traceCommand(int player, const std::string& text, int result);
 void traceReport(int player, const std::string& text);
 void traceNote(int player, const std::string& text);
+void traceAnswer(int player, const std::string& request, int status, int64_t bytes);
+void traceBuffering(int player, int percent);
 
 } // namespace media
 

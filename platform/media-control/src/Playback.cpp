@@ -2,28 +2,17 @@
 
 #include "AudioSink.h"
 #include "MediaLog.h"
-#include "MediaRequests.h"
 #include "MediaTrace.h"
 #include "MissingPlugin.h"
 #include "PipelineEnd.h"
+#include "RequestTrace.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <gst/pbutils/missing-plugins.h>
 #include <limits>
-#include <unistd.h>
 
 namespace media {
 namespace {
-
-// From GStreamer's GstPlayFlags, which no header offers: video, audio, software volume. Without text: this player draws
-// no subtitles.
-constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x10;
-constexpr guint PLAY_FLAG_DOWNLOAD = 0x80;
-constexpr guint PLAY_FLAG_BUFFERING = 0x100;
-
-// The film starts when that much is there; the default waits for most of a short film.
-constexpr guint START_BYTES = 200'000;
 
 constexpr guint WATCHDOG_PERIOD_MS = 500;
 constexpr gint64 STALL_LIMIT_US = 8'000'000;
@@ -31,57 +20,6 @@ constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another
 
 // An end that comes earlier than this before the duration means that data is missing.
 constexpr int64_t CUT_TOLERANCE_MS = 2000;
-
-struct SourceSetup {
-    std::string url;
-    bool televisionUserAgent;
-    std::shared_ptr<LastActivity> lastActivity;
-};
-
-GstPadProbeReturn onData(GstPad* /*pad*/, GstPadProbeInfo* /*info*/, gpointer data) {
-    **static_cast<std::shared_ptr<LastActivity>*>(data) = g_get_monotonic_time();
-    return GST_PAD_PROBE_OK;
-}
-
-void noteActivity(GstElement* element, const char* padName, const std::shared_ptr<LastActivity>& lastActivity) {
-    const PadPtr pad(gst_element_get_static_pad(element, padName));
-    if (pad) {
-        gst_pad_add_probe(
-            pad.get(), static_cast<GstPadProbeType>(GST_PAD_PROBE_TYPE_BUFFER | GST_PAD_PROBE_TYPE_BUFFER_LIST),
-            &onData, new std::shared_ptr<LastActivity>(lastActivity), &deleteUserData<std::shared_ptr<LastActivity>>);
-    }
-}
-
-void onSourceSetup(GstElement* /*playbin*/, GstElement* source, gpointer data) {
-    const auto* setup = static_cast<const SourceSetup*>(data);
-    prepareRequests(source, setup->url, setup->televisionUserAgent);
-    noteActivity(source, "src", setup->lastActivity);
-}
-
-/** Only a film that is downloaded while it plays can be played backwards; GStreamer puts it into the user's cache. */
-guint playFlags() {
-    const char* cache = g_get_user_cache_dir();
-    const bool canDownload = g_mkdir_with_parents(cache, 0700) == 0 && access(cache, W_OK) == 0;
-    return PLAY_FLAGS | (canDownload ? PLAY_FLAG_DOWNLOAD : PLAY_FLAG_BUFFERING);
-}
-
-/** The file lives as long as its descriptor: nothing is left behind, whatever becomes of the process. */
-void unlinkDownload(GObject* buffer, GParamSpec* /*property*/, gpointer /*data*/) {
-    gchar* location = nullptr;
-    g_object_get(buffer, "temp-location", &location, nullptr);
-    const TextPtr path(location);
-    if (path) {
-        std::remove(path.get());
-    }
-}
-
-void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer /*data*/) {
-    const GstElementFactory* factory = gst_element_get_factory(element);
-    if (factory && g_str_equal(GST_OBJECT_NAME(factory), "downloadbuffer")) {
-        g_object_set(element, "max-size-bytes", START_BYTES, nullptr);
-        g_signal_connect(element, "notify::temp-location", G_CALLBACK(&unlinkDownload), nullptr);
-    }
-}
 
 /** @return up to where a sink got its stream, in milliseconds; -1 when it got nothing */
 int64_t renderedUntil(GstElement* sink) {
@@ -109,7 +47,6 @@ Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
         fail(PlaybackErrorCode::INSUFFICIENT_RESOURCES, missingElementsAdvice());
         return;
     }
-    watchStreams();
     watchBus();
     startWatchdog();
     gst_element_set_state(m_pipeline.get(), m_target);
@@ -134,18 +71,11 @@ bool Playback::buildPipeline() {
     m_audioSink.reset(audioSink);
     g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
                  nullptr);
-    gst_util_set_object_arg(G_OBJECT(playbin), "flags", std::to_string(playFlags()).c_str());
+    setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity});
+    noteActivity(m_videoSink.element(), "sink", m_lastActivity);
+    noteActivity(audioSink, "sink", m_lastActivity);
     m_pipeline = std::move(pipeline);
     return true;
-}
-
-void Playback::watchStreams() {
-    g_signal_connect_data(m_pipeline.get(), "source-setup", G_CALLBACK(&onSourceSetup),
-                          new SourceSetup{m_settings.url, m_settings.televisionUserAgent, m_lastActivity},
-                          &deleteClosureData<SourceSetup>, GConnectFlags(0));
-    g_signal_connect(m_pipeline.get(), "element-setup", G_CALLBACK(&onElementSetup), nullptr);
-    noteActivity(m_videoSink.element(), "sink", m_lastActivity);
-    noteActivity(m_audioSink.get(), "sink", m_lastActivity);
 }
 
 void Playback::watchBus() {
@@ -238,12 +168,14 @@ void Playback::onBuffering(GstMessage* message) {
     if (percent != m_bufferPercent) {
         m_bufferPercent = percent;
         *m_lastActivity = g_get_monotonic_time();
+        traceBuffering(m_context.status.player(), percent);
         update();
     }
 }
 
 void Playback::onElementMessage(GstMessage* message) {
     if (!gst_is_missing_plugin_message(message)) {
+        traceRequest(m_context.status.player(), message);
         return;
     }
     const MissingPlugin missing = describeMissingPlugin(message);

@@ -8,17 +8,14 @@
 #include "PlaybackError.h"
 #include "PlayerStatus.h"
 #include "PlayerThread.h"
+#include "StreamSetup.h"
 #include "VideoSink.h"
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace media {
-
-/** When data last moved in a pipeline, in g_get_monotonic_time(); the streaming threads leave it for the watchdog. */
-using LastActivity = std::atomic<gint64>;
 
 struct PlaybackSettings {
     unsigned run;
@@ -68,7 +65,6 @@ private:
 
     // Playback.cpp: life cycle and messages
     bool buildPipeline();
-    void watchStreams();
     void watchBus();
     void startWatchdog();
     static gboolean onBusMessage(GstBus* bus, GstMessage* message, gpointer self);

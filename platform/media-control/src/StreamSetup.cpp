@@ -1,0 +1,75 @@
+#include "StreamSetup.h"
+
+#include "GstPointer.h"
+#include "MediaRequests.h"
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace media {
+namespace {
+
+// From GStreamer's GstPlayFlags, which no header offers: video, audio, software volume. Without text: this player draws
+// no subtitles.
+constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x10;
+constexpr guint PLAY_FLAG_DOWNLOAD = 0x80;
+constexpr guint PLAY_FLAG_BUFFERING = 0x100;
+
+// The film starts when that much is there; the default waits for most of a short film.
+constexpr guint START_BYTES = 200'000;
+
+GstPadProbeReturn onData(GstPad* /*pad*/, GstPadProbeInfo* /*info*/, gpointer data) {
+    **static_cast<std::shared_ptr<LastActivity>*>(data) = g_get_monotonic_time();
+    return GST_PAD_PROBE_OK;
+}
+
+void onSourceSetup(GstElement* /*playbin*/, GstElement* source, gpointer data) {
+    const auto* setup = static_cast<const StreamSettings*>(data);
+    prepareRequests(source, setup->url, setup->televisionUserAgent);
+    noteActivity(source, "src", setup->lastActivity);
+}
+
+/** Only a film that is downloaded while it plays can be played backwards; GStreamer puts it into the user's cache. */
+guint playFlags() {
+    const char* cache = g_get_user_cache_dir();
+    const bool canDownload = g_mkdir_with_parents(cache, 0700) == 0 && access(cache, W_OK) == 0;
+    return PLAY_FLAGS | (canDownload ? PLAY_FLAG_DOWNLOAD : PLAY_FLAG_BUFFERING);
+}
+
+/** The file lives as long as its descriptor: nothing is left behind, whatever becomes of the process. */
+void unlinkDownload(GObject* buffer, GParamSpec* /*property*/, gpointer /*data*/) {
+    gchar* location = nullptr;
+    g_object_get(buffer, "temp-location", &location, nullptr);
+    const TextPtr path(location);
+    if (path) {
+        std::remove(path.get());
+    }
+}
+
+void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer /*data*/) {
+    const GstElementFactory* factory = gst_element_get_factory(element);
+    if (factory && g_str_equal(GST_OBJECT_NAME(factory), "downloadbuffer")) {
+        g_object_set(element, "max-size-bytes", START_BYTES, nullptr);
+        g_signal_connect(element, "notify::temp-location", G_CALLBACK(&unlinkDownload), nullptr);
+    }
+}
+
+} // namespace
+
+void noteActivity(GstElement* element, const char* padName, const std::shared_ptr<LastActivity>& lastActivity) {
+    const PadPtr pad(gst_element_get_static_pad(element, padName));
+    if (pad) {
+        gst_pad_add_probe(
+            pad.get(), static_cast<GstPadProbeType>(GST_PAD_PROBE_TYPE_BUFFER | GST_PAD_PROBE_TYPE_BUFFER_LIST),
+            &onData, new std::shared_ptr<LastActivity>(lastActivity), &deleteUserData<std::shared_ptr<LastActivity>>);
+    }
+}
+
+void setUpStreams(GstElement* playbin, const StreamSettings& settings) {
+    gst_util_set_object_arg(G_OBJECT(playbin), "flags", std::to_string(playFlags()).c_str());
+    g_signal_connect_data(playbin, "source-setup", G_CALLBACK(&onSourceSetup), new StreamSettings(settings),
+                          &deleteClosureData<StreamSettings>, GConnectFlags(0));
+    g_signal_connect(playbin, "element-setup", G_CALLBACK(&onElementSetup), nullptr);
+}
+
+} // namespace media
