@@ -200,6 +200,7 @@ void Playback::onEndOfStream() {
         return;
     }
     m_finished = true;
+    tellState(); // what is left after a seek to the end may be over before the pipeline says that it plays
     m_context.status.finishRun(m_settings.run);
     report(eMEDIA_CALLBACK_FINISHED);
 }

@@ -152,6 +152,11 @@ bool Playback::issueRequest() {
     if (!m_request) {
         return false;
     }
+    // Pausing one that plays, and only just has ended a seek, would make GStreamer take up the time of before the seek.
+    setTarget(GST_STATE_PAUSED);
+    if (!m_settled) {
+        return true;
+    }
     Request next = *m_request;
     m_request.reset();
     m_tellPosition |= next.tellPosition;
@@ -212,7 +217,7 @@ void Playback::tellState() {
     };
     if (m_paused) {
         tell(Told::PAUSED, eMEDIA_CALLBACK_PAUSED);
-    } else if (m_isPlaying && m_target == GST_STATE_PLAYING) {
+    } else if (m_finished || (m_isPlaying && m_target == GST_STATE_PLAYING)) {
         tell(Told::PLAYING, eMEDIA_CALLBACK_PLAYING);
     } else if (m_bufferPercent < 100 && m_told == Told::PLAYING) {
         tell(Told::BUFFERING, eMEDIA_CALLBACK_BUFFERING);
