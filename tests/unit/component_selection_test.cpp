@@ -134,6 +134,15 @@ TEST_F(Components, GoToThePlayerAsTheirRecord) {
     EXPECT_EQ(std::vector<std::string>{"Wrong object type !"}, errorLines());
 }
 
+TEST_F(Components, CanBeSelectedAgainAfterTheyWereActive) {
+    const Held former = query("getCurrentActiveComponents", 1).item(0);
+    std::swap(components[1].active, components[2].active);
+    EXPECT_EQ("202", query("getCurrentActiveComponents", 1).item(0).read("pid"));
+    video().call("selectComponent", {Value(former)});
+    EXPECT_EQ("7.SelectAVAudioComponent()", happened());
+    EXPECT_EQ("201", former.read("pid"));
+}
+
 TEST_F(Components, ThatHaveGoneCannotBeSelected) {
     const Held audio = query("getComponents", 1);
     const Held kept = audio.item(1);

@@ -96,6 +96,17 @@ TEST_F(QueueAndLoop, AnAddressTooLongToWaitIsRefusedWhole) {
     EXPECT_NE(std::string::npos, happened().find("7.SetSource(\"" + longest + "\") 7.Play(0)"));
 }
 
+TEST_F(QueueAndLoop, AnAddressThatProvesTooLongDoesNotStartTheFormerMedia) {
+    browser().location->properties["href"] = "http://tv.example/" + std::string(900, 'f') + "/page.html";
+    video().is(MP_PLAYING);
+    EXPECT_EQ("true", video().call("queue", {std::string(300, 'q')}));
+    happened();
+    video().report(eMEDIA_CALLBACK_FINISHED);
+    EXPECT_EQ(std::string::npos, happened().find("7.Play"));
+    EXPECT_EQ("0", video().read("playState"));
+    EXPECT_FALSE(video()->m_bUrlIsQueued);
+}
+
 TEST_F(QueueAndLoop, ACountRepeatsSilentlyAndTheQueueWaitsForTheLastEnd) {
     handler("onPlayStateChange");
     video().write("loop", 3);

@@ -30,11 +30,14 @@ static bool callMethod(NPP instance, const NPVariant& object, const char* method
     return NPN_Invoke(instance, NPVARIANT_TO_OBJECT(object), NPN_GetStringIdentifier(method), args, count, result);
 }
 
-static void initEvent(NPP instance, const NPVariant& event, int EventType) {
+/// @return false without memory for the event's type
+static bool initEvent(NPP instance, const NPVariant& event, int EventType) {
     NPVariant arguments[3] = {nullVariant(), nullVariant(), nullVariant()};
     LOG(" FROM : VideoPlugin::dispatchDomEvent ### EventType %s\n\n", psDOMEventNames[EventType]);
     LOG("FROM : VideoPlugin::dispatchDomEvent ### Forced : \n");
-    HbbTVBaseClass::makeString("focus", &arguments[0]);
+    if (!HbbTVBaseClass::makeString("focus", &arguments[0])) {
+        return false;
+    }
     PrintVariant(arguments[0]);
     arguments[1] = boolVariant(false);
     arguments[2] = boolVariant(false);
@@ -43,6 +46,7 @@ static void initEvent(NPP instance, const NPVariant& event, int EventType) {
         NPN_ReleaseVariantValue(&result);
     }
     releaseHeldValue(arguments[0]);
+    return true;
 }
 
 static void dispatchEvent(NPP instance, const NPVariant& event, NPObject* target) {
@@ -73,8 +77,9 @@ bool VideoPlugin::DispatchDomEvent(int EventType, NPObject* obj) {
     NPVariant event = voidVariant();
     const bool created = callMethod(instance, document, "createEvent", &eventClass, 1, &event);
     if (created && NPVARIANT_IS_OBJECT(event) && NPVARIANT_TO_OBJECT(event)) {
-        initEvent(instance, event, EventType);
-        dispatchEvent(instance, event, obj);
+        if (initEvent(instance, event, EventType)) {
+            dispatchEvent(instance, event, obj);
+        }
     } else {
         LOG_ERROR("The document makes no event: no DOM event is raised\n");
     }

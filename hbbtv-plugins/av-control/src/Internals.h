@@ -42,6 +42,14 @@ void AVControlPositionChanged(void* handle, int pos);
 /** @return the play state in its slot, or NO_PLAY_STATE */
 int currentPlayState(const VideoPlugin& plugin);
 
+// --- media queue
+
+/**
+ * Makes an address the new media and starts it.
+ * @return false when the address is one that `data` refuses whole: nothing is then started
+ */
+bool playNow(VideoPlugin& plugin, const NPVariant& url);
+
 // --- calls of the page: afterwards the instance may have been deleted
 
 /** Tells the page of a play state: the listener if there is one, else the handler. */

@@ -48,26 +48,27 @@ static bool restartForLoop(VideoPlugin& plugin) {
     return true;
 }
 
-static void playQueued(VideoPlugin& plugin) {
+/// @return true when the queued media was started
+static bool playQueued(VideoPlugin& plugin) {
     const InstanceGuard guard(&plugin);
     plugin.SetPlayState(MP_FINISHED);
     notifyPlayState(plugin, MP_FINISHED);
     // The page has just run: it may have deleted the object, or emptied the queue by stop() or queue(null).
     if (!guard.alive()) {
-        return;
+        return false;
     }
     if (!plugin.m_bUrlIsQueued) {
         if (currentPlayState(plugin) == MP_FINISHED) {
             Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
         }
-        return;
+        return false;
     }
     LOG("FROM : callback ### URL IS QUEUED !!!\n\n");
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
     const NPVariant url = stringVariant(plugin.m_acQueuedUrlBuffer);
-    static_cast<PluginBaseClass&>(plugin).setProperty(piProperties[data], &url);
-    plugin.Play(intVariant(1));
+    playNow(plugin, url);
     plugin.m_bUrlIsQueued = false;
+    return true;
 }
 
 /// @return true when the queued media was started: the report then ends without its last log line
@@ -78,8 +79,7 @@ static bool finishMedia(VideoPlugin& plugin) {
         return false;
     }
     if (plugin.m_bUrlIsQueued) {
-        playQueued(plugin);
-        return true;
+        return playQueued(plugin);
     }
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
     plugin.SetPlayState(MP_FINISHED);

@@ -8,8 +8,7 @@
 
 static constexpr uint32_t TOO_SHORT_URL = 4;
 
-/// @return false when the address is one that `data` refuses whole: nothing is then started
-static bool playNow(VideoPlugin& plugin, const NPVariant& url) {
+bool playNow(VideoPlugin& plugin, const NPVariant& url) {
     const bool taken = static_cast<PluginBaseClass&>(plugin).setProperty(piProperties[data], &url);
     if (!taken && NPVARIANT_TO_STRING(url).UTF8Length > TOO_SHORT_URL) {
         return false;
@@ -45,9 +44,11 @@ NPVariant VideoPlugin::Queue(NPVariant url) {
     case MP_BUFFERING:
         LOG("queue() called in MP_PLAYING or MP_PAUSED or MP_CONNECTING or BUFFERINGstate\n");
         memset(m_acQueuedUrlBuffer, 0, sizeof m_acQueuedUrlBuffer);
-        m_bUrlIsQueued = text.UTF8Length > 0;
-        if (m_bUrlIsQueued) {
+        if (text.UTF8Length > 0) {
             memcpy(m_acQueuedUrlBuffer, text.UTF8Characters, text.UTF8Length);
+        }
+        m_bUrlIsQueued = m_acQueuedUrlBuffer[0] != '\0';
+        if (m_bUrlIsQueued) {
             LOG("queueing this media : %s\n", m_acQueuedUrlBuffer);
         } else {
             LOG("queueing empty URL, clear buffer\n");

@@ -107,11 +107,14 @@ static void AVControlPopEvent(void* param0) {
 static void AVControlPushEvent(eventData* record) {
     LOG("AVControlPushEvent\n\n");
     NPP instance = nullptr;
-    if (findInstanceHandle(record->objectHandle, &instance)) {
-        NPN_PluginThreadAsyncCall(instance, AVControlPopEvent, record);
-    } else {
+    if (!findInstanceHandle(record->objectHandle, &instance)) {
         LOG(" Don't find popData->objectHandle in pluginHandlelist\n");
         freeEvent(record);
+    } else if (!instance) {
+        LOG_ERROR("The object is not initialised: nobody is told of %s\n", psProperties[record->event]);
+        freeEvent(record);
+    } else {
+        NPN_PluginThreadAsyncCall(instance, AVControlPopEvent, record);
     }
 }
 

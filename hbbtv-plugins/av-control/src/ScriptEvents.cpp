@@ -19,7 +19,7 @@ static int findListenerType(const NPVariant& npType, const NPVariant& npListener
         return -1;
     }
     const NPString& type = NPVARIANT_TO_STRING(npType);
-    char* name = static_cast<char*>(NPN_MemAlloc(type.UTF8Length + 1));
+    char* name = type.UTF8Length < UINT32_MAX ? static_cast<char*>(NPN_MemAlloc(type.UTF8Length + 1)) : nullptr;
     if (!name) {
         LOG_ERROR("Unable to allocate string buffer !\n");
         return -1;

@@ -52,8 +52,7 @@ static bool HasProperty(NPObject* npobj, NPIdentifier name) {
         LOG_ERROR("%s\n", "Wrong NPObjectType !");
         return false;
     }
-    const bool found = HbbTVBaseClass::findIdentifier(piAVControlDOMEvent, EVENT_PROPERTY_COUNT, name) >= 0 &&
-                       reinterpret_cast<const NPObjectHbbTV*>(npobj)->objectInstancePtr;
+    const bool found = HbbTVBaseClass::findIdentifier(piAVControlDOMEvent, EVENT_PROPERTY_COUNT, name) >= 0;
     LOG("Has property: found  = %d\n", found);
     return found;
 }

@@ -62,7 +62,8 @@ private:
 
     NPP* m_instance;
     eAVComponentCollectionType_e m_type;
-    std::vector<Item> m_items;
+    std::vector<Item> m_items; ///< all of the type: an inactive one keeps its script object, too
+    int m_length;              ///< how many of them, from the first, the collection shows
     NPObjectHbbTV* m_JSObject;
 };
 

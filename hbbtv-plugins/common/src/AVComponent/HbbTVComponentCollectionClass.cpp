@@ -94,7 +94,7 @@ bool sameComponent(const Hbbtv_AL_ComponentInfo& a, const Hbbtv_AL_ComponentInfo
            a.audioChannels == b.audioChannels && a.hearingImpaired == b.hearingImpaired;
 }
 
-void appendComponents(int player, AVComponentType type, bool activeOnly, std::vector<Hbbtv_AL_ComponentInfo>* list) {
+void appendComponents(int player, AVComponentType type, std::vector<Hbbtv_AL_ComponentInfo>* list) {
     std::vector<Hbbtv_AL_ComponentInfo> components(16);
     int count = 0;
     for (;;) {
@@ -106,9 +106,6 @@ void appendComponents(int player, AVComponentType type, bool activeOnly, std::ve
     }
     for (int i = 0; i < count; ++i) {
         Hbbtv_AL_ComponentInfo& info = components[static_cast<size_t>(i)];
-        if (activeOnly && !info.active) {
-            continue;
-        }
         info.type = type;
         info.encoding[sizeof info.encoding - 1] = '\0';
         info.language[sizeof info.language - 1] = '\0';
@@ -132,7 +129,7 @@ void initializeComponentCollectionNPClass() {
 }
 
 HbbTVComponentCollectionClass::HbbTVComponentCollectionClass(NPP* instance, eAVComponentCollectionType_e type)
-    : m_instance(instance), m_type(type), m_JSObject(nullptr) {
+    : m_instance(instance), m_type(type), m_length(0), m_JSObject(nullptr) {
     m_JSObject = createRecord(*instance, &collectionClass, NPOBJECT_COMPONENT_COLLECTION_CLASS, type, this);
 }
 
@@ -150,9 +147,15 @@ void HbbTVComponentCollectionClass::update(int player) {
             m_items.push_back(makeItem(info));
         } else {
             m_items.push_back(std::move(*known));
+            m_items.back().info.active = info.active;
             former.erase(known);
         }
     }
+    const auto end = m_type < ACTIVE_AUDIO_COMPONENTS_COLLECTION
+                         ? m_items.end()
+                         : std::stable_partition(m_items.begin(), m_items.end(),
+                                                 [](const Item& item) { return item.info.active != 0; });
+    m_length = static_cast<int>(end - m_items.begin());
 }
 
 NPObject* HbbTVComponentCollectionClass::getNPObject() {
@@ -160,7 +163,7 @@ NPObject* HbbTVComponentCollectionClass::getNPObject() {
 }
 
 int HbbTVComponentCollectionClass::length() const {
-    return static_cast<int>(m_items.size());
+    return m_length;
 }
 
 NPObject* HbbTVComponentCollectionClass::item(int index) {
@@ -182,20 +185,20 @@ std::vector<Hbbtv_AL_ComponentInfo> HbbTVComponentCollectionClass::query(int pla
     switch (m_type) {
     case AVAILABLE_VIDEO_COMPONENTS_COLLECTION:
     case ACTIVE_VIDEO_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, m_type == ACTIVE_VIDEO_COMPONENTS_COLLECTION, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, &list);
         break;
     case AVAILABLE_AUDIO_COMPONENTS_COLLECTION:
     case ACTIVE_AUDIO_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, m_type == ACTIVE_AUDIO_COMPONENTS_COLLECTION, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, &list);
         break;
     case AVAILABLE_SUBTITLE_COMPONENTS_COLLECTION:
     case ACTIVE_SUBTITLE_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, m_type == ACTIVE_SUBTITLE_COMPONENTS_COLLECTION, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, &list);
         break;
     case AVAILABLE_ALL_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, false, &list);
-        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, false, &list);
-        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, false, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, &list);
+        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, &list);
         break;
     }
     return list;
