@@ -1,44 +1,94 @@
 #include "PipelineEnd.h"
 
+#include <vector>
+
 namespace media {
 namespace {
 
 // A server that is silent keeps its pipeline from ever prerolling; by then it is past the dangerous moments.
 constexpr guint PREROLL_LIMIT_MS = 2000;
 
-class UnsettledEnd {
-public:
-    UnsettledEnd(PlayerThread& thread, ElementPtr pipeline) : m_thread(thread), m_pipeline(std::move(pipeline)) {
-        const BusPtr bus(gst_element_get_bus(m_pipeline.get()));
-        m_watch.reset(gst_bus_create_watch(bus.get()));
-        g_source_set_callback(m_watch.get(), G_SOURCE_FUNC(&UnsettledEnd::onMessage), this, nullptr);
-        g_source_attach(m_watch.get(), m_thread.context());
-        m_timer.reset(g_timeout_source_new(PREROLL_LIMIT_MS));
-        g_source_set_callback(m_timer.get(), &UnsettledEnd::onTimer, this, nullptr);
-        g_source_attach(m_timer.get(), m_thread.context());
-        gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
-    }
+// What cancelled downloads take to let go of their connections.
+constexpr guint CANCEL_MS = 200;
 
-    ~UnsettledEnd() {
+std::vector<ElementPtr> adaptiveDemuxers(GstElement* pipeline) {
+    std::vector<ElementPtr> found;
+    for (const char* factory : {"hlsdemux2", "dashdemux2"}) {
+        GstIterator* iterator = gst_bin_iterate_all_by_element_factory_name(GST_BIN(pipeline), factory);
+        GValue item = G_VALUE_INIT;
+        while (gst_iterator_next(iterator, &item) == GST_ITERATOR_OK) {
+            found.push_back(shareElement(GST_ELEMENT(g_value_get_object(&item))));
+            g_value_unset(&item);
+        }
+        gst_iterator_free(iterator);
+    }
+    return found;
+}
+
+/**
+ * Makes adaptive demuxers cancel what they download. One that is shut down in the middle of a download never gives its
+ * connection back: cancelling needs its own thread, which the shutdown ends first.
+ */
+void cancelDownloads(const std::vector<ElementPtr>& demuxers) {
+    for (const ElementPtr& demuxer : demuxers) {
+        const PadPtr pad(gst_element_get_static_pad(demuxer.get(), "sink"));
+        gst_pad_send_event(pad.get(), gst_event_new_flush_start());
+        gst_pad_send_event(pad.get(), gst_event_new_flush_stop(TRUE));
+    }
+}
+
+/** Leads a pipeline to its end step by step, between other things of the player's thread; deletes itself then. */
+class EndingPipeline {
+public:
+    EndingPipeline(PlayerThread& thread, ElementPtr pipeline) : m_thread(thread), m_pipeline(std::move(pipeline)) {}
+
+    ~EndingPipeline() {
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
         m_thread.release();
     }
 
-    UnsettledEnd(const UnsettledEnd&) = delete;
-    UnsettledEnd& operator=(const UnsettledEnd&) = delete;
+    EndingPipeline(const EndingPipeline&) = delete;
+    EndingPipeline& operator=(const EndingPipeline&) = delete;
+
+    void waitForPreroll() {
+        const BusPtr bus(gst_element_get_bus(m_pipeline.get()));
+        m_watch.reset(gst_bus_create_watch(bus.get()));
+        g_source_set_callback(m_watch.get(), G_SOURCE_FUNC(&EndingPipeline::onMessage), this, nullptr);
+        g_source_attach(m_watch.get(), m_thread.context());
+        startTimer(PREROLL_LIMIT_MS, &EndingPipeline::onPrerollLimit);
+        gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
+    }
+
+    void endDownloads() {
+        m_watch.reset();
+        const auto demuxers = adaptiveDemuxers(m_pipeline.get());
+        cancelDownloads(demuxers);
+        startTimer(demuxers.empty() ? 0 : CANCEL_MS, &EndingPipeline::onCancelled);
+    }
 
 private:
-    static gboolean onMessage(GstBus* /*bus*/, GstMessage* message, gpointer data) {
+    void startTimer(guint ms, GSourceFunc function) {
+        m_timer.reset(g_timeout_source_new(ms));
+        g_source_set_callback(m_timer.get(), function, this, nullptr);
+        g_source_attach(m_timer.get(), m_thread.context());
+    }
+
+    static gboolean onMessage(GstBus* /*bus*/, GstMessage* message, gpointer self) {
         const GstMessageType type = GST_MESSAGE_TYPE(message);
         if (type != GST_MESSAGE_ASYNC_DONE && type != GST_MESSAGE_ERROR && type != GST_MESSAGE_EOS) {
             return G_SOURCE_CONTINUE;
         }
-        delete static_cast<UnsettledEnd*>(data);
+        static_cast<EndingPipeline*>(self)->endDownloads();
         return G_SOURCE_REMOVE;
     }
 
-    static gboolean onTimer(gpointer data) {
-        delete static_cast<UnsettledEnd*>(data);
+    static gboolean onPrerollLimit(gpointer self) {
+        static_cast<EndingPipeline*>(self)->endDownloads();
+        return G_SOURCE_REMOVE;
+    }
+
+    static gboolean onCancelled(gpointer self) {
+        delete static_cast<EndingPipeline*>(self);
         return G_SOURCE_REMOVE;
     }
 
@@ -51,14 +101,19 @@ private:
 } // namespace
 
 void endPipeline(PlayerThread& thread, ElementPtr pipeline, bool settled) {
-    if (settled) {
+    if (settled && adaptiveDemuxers(pipeline.get()).empty()) {
         gst_element_set_state(pipeline.get(), GST_STATE_NULL);
         return;
     }
     thread.hold();
     // Later: the caller may be in the pipeline's bus watch, and a bus takes another only when that is gone.
-    thread.post([&thread, handedOver = pipeline.release()] {
-        new UnsettledEnd(thread, ElementPtr(handedOver)); // deletes itself when it is done
+    thread.post([&thread, settled, handedOver = pipeline.release()] {
+        auto* ending = new EndingPipeline(thread, ElementPtr(handedOver));
+        if (settled) {
+            ending->endDownloads();
+        } else {
+            ending->waitForPreroll();
+        }
     });
 }
 
