@@ -94,21 +94,41 @@ AVComponentType componentType(GstStream* stream) {
     return type & GST_STREAM_TYPE_TEXT ? AV_COMPONENT_TYPE_SUBTITLE : AV_COMPONENT_TYPE_INVALID;
 }
 
-void Components::open(unsigned run) {
+void Components::open(unsigned run, const std::string& url) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_run = run;
-    m_collection.reset();
-    m_active = {};
+    forget(run);
+    if (url != m_url) {
+        m_url = url;
+        m_pids.clear();
+    }
 }
 
 void Components::close() {
-    open(0);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    forget(0);
+}
+
+void Components::forget(unsigned run) {
+    m_run = run;
+    m_collection.reset();
+    m_active = {};
 }
 
 void Components::setCollection(unsigned run, CollectionPtr collection) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (run == m_run) {
         m_collection = std::move(collection);
+        nameStreams();
+    }
+}
+
+void Components::nameStreams() {
+    const guint count = gst_stream_collection_get_size(m_collection.get());
+    for (guint i = 0; i < count; ++i) {
+        const char* stream = gst_stream_get_stream_id(gst_stream_collection_get_stream(m_collection.get(), i));
+        if (m_pids.emplace(stream, m_lastPid + 1).second) {
+            ++m_lastPid;
+        }
     }
 }
 
@@ -132,7 +152,7 @@ std::vector<Components::Entry> Components::entries(AVComponentType type) const {
         GstStream* stream = gst_stream_collection_get_stream(m_collection.get(), i);
         if (componentType(stream) == type) {
             Entry entry = {gst_stream_get_stream_id(stream), describe(stream, type)};
-            entry.info.pid = static_cast<int>(i) + 1;
+            entry.info.pid = m_pids.at(entry.stream);
             entry.info.active = entry.stream == m_active[static_cast<size_t>(type)];
             found.push_back(std::move(entry));
         }

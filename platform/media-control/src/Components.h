@@ -6,6 +6,7 @@
 #include "medialib_components.h"
 
 #include <array>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ using StreamSelection = std::array<std::string, COMPONENT_TYPES>;
 class Components {
 public:
     /** Nothing is known of the media yet; this run will tell. */
-    void open(unsigned run);
+    void open(unsigned run, const std::string& url);
 
     /** There is no media any more, and what a run tells late is ignored. */
     void close();
@@ -44,12 +45,17 @@ private:
         std::string stream;
         Hbbtv_AL_ComponentInfo info;
     };
+    void forget(unsigned run);
+    void nameStreams();
     std::vector<Entry> entries(AVComponentType type) const;
 
     mutable std::mutex m_mutex; // guards all below
     unsigned m_run = 0;         // 0: closed
     CollectionPtr m_collection;
     StreamSelection m_active;
+    std::string m_url;                 // of the media that m_pids belongs to
+    std::map<std::string, int> m_pids; // by stream id: the same for each run of a media
+    int m_lastPid = 0; // only counts up, so that a component that a page has kept is none of the next media's
 };
 
 /** @return the component type of a stream, AV_COMPONENT_TYPE_INVALID for others */

@@ -14,14 +14,24 @@ struct PackageOfType {
 };
 
 constexpr PackageOfType PACKAGES[] = {
-    {"video/quicktime", "gstreamer1.0-plugins-good"},  {"audio/x-m4a", "gstreamer1.0-plugins-good"},
-    {"video/x-matroska", "gstreamer1.0-plugins-good"}, {"audio/x-matroska", "gstreamer1.0-plugins-good"},
-    {"video/webm", "gstreamer1.0-plugins-good"},       {"audio/webm", "gstreamer1.0-plugins-good"},
-    {"video/x-vp8", "gstreamer1.0-plugins-good"},      {"video/x-vp9", "gstreamer1.0-plugins-good"},
-    {"video/x-av1", "gstreamer1.0-plugins-bad"},       {"video/mpegts", "gstreamer1.0-plugins-bad"},
-    {"application/x-hls", "gstreamer1.0-plugins-bad"}, {"application/dash+xml", "gstreamer1.0-plugins-bad"},
-    {"application/ogg", "gstreamer1.0-plugins-base"},  {"audio/x-opus", "gstreamer1.0-plugins-base"},
-    {"audio/x-vorbis", "gstreamer1.0-plugins-base"},   {"video/x-theora", "gstreamer1.0-plugins-base"},
+    {"video/quicktime", "gstreamer1.0-plugins-good"},
+    {"audio/x-m4a", "gstreamer1.0-plugins-good"},
+    {"video/x-matroska", "gstreamer1.0-plugins-good"},
+    {"audio/x-matroska", "gstreamer1.0-plugins-good"},
+    {"video/webm", "gstreamer1.0-plugins-good"},
+    {"audio/webm", "gstreamer1.0-plugins-good"},
+    {"video/x-vp8", "gstreamer1.0-plugins-good"},
+    {"video/x-vp9", "gstreamer1.0-plugins-good"},
+    {"video/x-av1", "gstreamer1.0-plugins-bad"},
+    {"video/mpegts", "gstreamer1.0-plugins-bad"},
+    {"application/x-hls", "gstreamer1.0-plugins-bad"},
+    {"application/dash+xml", "gstreamer1.0-plugins-bad"},
+    {"application/vnd.ms-sstr+xml", "gstreamer1.0-plugins-bad"},
+    {"video/x-ms-asf", "gstreamer1.0-plugins-ugly"},
+    {"application/ogg", "gstreamer1.0-plugins-base"},
+    {"audio/x-opus", "gstreamer1.0-plugins-base"},
+    {"audio/x-vorbis", "gstreamer1.0-plugins-base"},
+    {"video/x-theora", "gstreamer1.0-plugins-base"},
 };
 
 const char* packageFor(const std::string& type) {

@@ -37,6 +37,14 @@ Picture::Picture(int player) : m_player(player), m_window{player, 0, 0, 0, 0} {}
 void Picture::open(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_run = run;
+    m_origin = 0;
+}
+
+void Picture::setOrigin(unsigned run, int64_t ms) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_origin = ms;
+    }
 }
 
 void Picture::close() {
@@ -88,6 +96,7 @@ bool Picture::isVisible() const {
 bool Picture::acquire(MediaPicture& picture) const {
     auto held = std::make_unique<HeldFrame>();
     uint64_t serial = 0;
+    int64_t origin = 0;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (!m_sample) {
@@ -95,6 +104,7 @@ bool Picture::acquire(MediaPicture& picture) const {
         }
         held->sample.reset(gst_sample_ref(m_sample.get()));
         serial = m_serial;
+        origin = m_origin;
     }
     GstVideoInfo info;
     if (!gst_video_info_from_caps(&info, gst_sample_get_caps(held->sample.get())) ||
@@ -105,7 +115,7 @@ bool Picture::acquire(MediaPicture& picture) const {
     picture.stride = GST_VIDEO_FRAME_PLANE_STRIDE(&held->frame, 0);
     picture.width = GST_VIDEO_FRAME_WIDTH(&held->frame);
     picture.height = GST_VIDEO_FRAME_HEIGHT(&held->frame);
-    picture.timeMs = streamTimeMs(held->sample.get());
+    picture.timeMs = streamTimeMs(held->sample.get()) - origin;
     picture.serial = serial;
     picture.owner = held.release();
     return true;

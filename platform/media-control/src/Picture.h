@@ -16,6 +16,9 @@ public:
     /** Frames of this run are shown from now on. Thread: any, as for all the others. */
     void open(unsigned run);
 
+    /** Position 0 is there in the time of the run's frames. A run starts with 0. */
+    void setOrigin(unsigned run, int64_t ms);
+
     /** Drops the frame and shows none that come late. */
     void close();
 
@@ -38,6 +41,7 @@ private:
     unsigned m_run = 0;         // 0: closed
     SamplePtr m_sample;
     uint64_t m_serial = 0;
+    int64_t m_origin = 0;
     MediaPictureWindow m_window;
 };
 

@@ -1,6 +1,6 @@
 #include "PipelineEnd.h"
 
-#include <vector>
+#include "ElementSearch.h"
 
 namespace media {
 namespace {
@@ -10,20 +10,6 @@ constexpr guint PREROLL_LIMIT_MS = 2000;
 
 // What cancelled downloads take to let go of their connections.
 constexpr guint CANCEL_MS = 200;
-
-std::vector<ElementPtr> adaptiveDemuxers(GstElement* pipeline) {
-    std::vector<ElementPtr> found;
-    for (const char* factory : {"hlsdemux2", "dashdemux2"}) {
-        GstIterator* iterator = gst_bin_iterate_all_by_element_factory_name(GST_BIN(pipeline), factory);
-        GValue item = G_VALUE_INIT;
-        while (gst_iterator_next(iterator, &item) == GST_ITERATOR_OK) {
-            found.push_back(shareElement(GST_ELEMENT(g_value_get_object(&item))));
-            g_value_unset(&item);
-        }
-        gst_iterator_free(iterator);
-    }
-    return found;
-}
 
 /**
  * Makes adaptive demuxers cancel what they download. One that is shut down in the middle of a download never gives its
@@ -61,7 +47,7 @@ public:
 
     void endDownloads() {
         m_watch.reset();
-        const auto demuxers = adaptiveDemuxers(m_pipeline.get());
+        const auto demuxers = findAdaptiveDemuxers(m_pipeline.get());
         cancelDownloads(demuxers);
         startTimer(demuxers.empty() ? 0 : CANCEL_MS, &EndingPipeline::onCancelled);
     }
@@ -101,7 +87,7 @@ private:
 } // namespace
 
 void endPipeline(PlayerThread& thread, ElementPtr pipeline, bool settled) {
-    if (settled && adaptiveDemuxers(pipeline.get()).empty()) {
+    if (settled && findAdaptiveDemuxers(pipeline.get()).empty()) {
         gst_element_set_state(pipeline.get(), GST_STATE_NULL);
         return;
     }

@@ -1,6 +1,7 @@
 #include "Playback.h"
 
 #include "AudioSink.h"
+#include "ElementSearch.h"
 #include "MediaLog.h"
 #include "MediaTrace.h"
 #include "MissingPlugin.h"
@@ -15,14 +16,14 @@ namespace media {
 namespace {
 
 constexpr guint WATCHDOG_PERIOD_MS = 500;
-constexpr gint64 STALL_LIMIT_US = 8'000'000;
+constexpr gint64 STALL_LIMIT_US = 15'000'000;
 constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another speed
 
 // An end that comes earlier than this before the duration means that data is missing.
 constexpr int64_t CUT_TOLERANCE_MS = 2000;
 
-/** @return up to where a sink got its stream, in milliseconds; -1 when it got nothing */
-int64_t renderedUntil(GstElement* sink) {
+/** @return the time of what a sink got last, in milliseconds of the stream; -1 when it got nothing */
+int64_t lastRendered(GstElement* sink) {
     GstSample* last = nullptr;
     if (g_object_class_find_property(G_OBJECT_GET_CLASS(sink), "last-sample")) {
         g_object_get(sink, "last-sample", &last, nullptr);
@@ -205,6 +206,18 @@ void Playback::onEndOfStream() {
     report(eMEDIA_CALLBACK_FINISHED);
 }
 
+/** A transport stream's time begins with its clock, some tenths of a second before its first picture. */
+void Playback::findOrigin() {
+    if (findElements(m_pipeline.get(), "tsdemux").empty() || !findAdaptiveDemuxers(m_pipeline.get()).empty()) {
+        return; // the playlists of adaptive streams say where time begins
+    }
+    const int64_t video = lastRendered(m_videoSink.sink());
+    const int64_t audio = lastRendered(m_audioSink.get());
+    m_originMs = std::max<int64_t>(0, video < 0 || audio < 0 ? std::max(video, audio) : std::min(video, audio));
+    m_context.status.setOrigin(m_settings.run, m_originMs);
+    m_context.picture->setOrigin(m_settings.run, m_originMs);
+}
+
 void Playback::readMedia() {
     if (!m_prerolled) {
         return;
@@ -225,16 +238,17 @@ void Playback::readMedia() {
 
 /** GStreamer takes a film whose data breaks off for one that has ended. */
 bool Playback::isCut() const {
-    const int64_t video = renderedUntil(m_videoSink.sink());
+    const int64_t video = lastRendered(m_videoSink.sink());
     if (video < 0 || m_rate != 1) {
         return false;
     }
-    return std::max(video, renderedUntil(m_audioSink.get())) + CUT_TOLERANCE_MS < m_durationMs;
+    return std::max(video, lastRendered(m_audioSink.get())) - m_originMs + CUT_TOLERANCE_MS < m_durationMs;
 }
 
 void Playback::fail(PlaybackErrorCode code, const std::string& cause) {
-    releasePipeline();
     PlayerStatus& status = m_context.status;
+    status.position(); // the last one stays
+    releasePipeline();
     if (!status.isCurrent(m_settings.run)) {
         return;
     }

@@ -74,6 +74,7 @@ private:
     void onBuffering(GstMessage* message);
     void onElementMessage(GstMessage* message);
     void onEndOfStream();
+    void findOrigin();
     void readMedia();
     bool isCut() const;
     void fail(PlaybackErrorCode code, const std::string& cause);
@@ -116,6 +117,7 @@ private:
     bool m_pausedBySpeed = false;
     int m_bufferPercent = 100;
     int m_durationMs = 0;
+    int64_t m_originMs = 0; // position 0 in the pipeline's time
     GstState m_target = GST_STATE_PAUSED;
 
     std::optional<Request> m_request; // waits for the pipeline to settle; later ones replace it

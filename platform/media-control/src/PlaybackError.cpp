@@ -2,6 +2,8 @@
 
 #include "GstPointer.h"
 
+#include <cstring>
+
 namespace media {
 namespace {
 
@@ -11,7 +13,7 @@ Code codeOfHttpStatus(guint status) {
     if (status == 416) {
         return Code::POSITION_NOT_AVAILABLE;
     }
-    return status >= 400 && status < 500 ? Code::CONTENT_NOT_AVAILABLE : Code::BAD_CONNECTION;
+    return status >= 400 && status < 500 ? Code::CONTENT_NOT_AVAILABLE : Code::UNDEFINED;
 }
 
 Code codeOfResourceError(int error) {
@@ -80,11 +82,19 @@ PlaybackError describeError(GstMessage* message) {
     gst_message_parse_error(message, &parsed, &debug);
     const ErrorPtr error(parsed);
     const TextPtr debugText(debug);
+    if (error->domain == GST_STREAM_ERROR && debugText &&
+        std::strstr(debugText.get(), "Could not fetch media playlist")) {
+        return {Code::CONTENT_NOT_AVAILABLE, "a playlist that the media names cannot be had"};
+    }
     const GstStructure* details = nullptr;
     gst_message_parse_error_details(message, &details);
     guint status = 0;
     if (details && gst_structure_get_uint(details, "http-status-code", &status) && status >= 400) {
         return {codeOfHttpStatus(status), "HTTP " + std::to_string(status)};
+    }
+    if (status >= 300) {
+        return {Code::BAD_CONNECTION,
+                "the server sends the request round in a circle (HTTP " + std::to_string(status) + ")"};
     }
     const Code code = codeOf(error.get(), details);
     if (code == Code::BAD_CONNECTION && error->domain == GST_STREAM_ERROR) {

@@ -113,6 +113,7 @@ void Playback::onSettled() {
     m_settled = true;
     if (!m_prerolled) {
         m_prerolled = true;
+        findOrigin();
         readMedia();
     }
     if (m_seeking) {
@@ -170,7 +171,7 @@ bool Playback::issueRequest() {
         next.rate = 1; // there is nothing before the beginning
     }
     m_context.status.holdPosition(m_settings.run, position);
-    if (!sendSeek(m_pipeline.get(), next.rate, position)) {
+    if (!sendSeek(m_pipeline.get(), next.rate, m_originMs + position)) {
         traceNote(m_context.status.player(),
                   "the media cannot go to " + std::to_string(position) + " ms at speed " + std::to_string(next.rate));
         return false;

@@ -154,7 +154,7 @@ void Player::postToPlayback(std::function<void(Playback&)> command) {
 
 void Player::start(bool paused) {
     PlaybackSettings settings = {m_status.startRun(), m_source, m_televisionUserAgent, paused};
-    m_components.open(settings.run);
+    m_components.open(settings.run, m_source);
     m_picture->open(settings.run);
     post([settings = std::move(settings)](Player& player) { player.startPlayback(settings); });
 }

@@ -53,6 +53,7 @@ unsigned PlayerStatus::startRun() {
     m_phase = Phase::RUNNING;
     m_pipeline.reset();
     m_position = 0;
+    m_origin = 0;
     m_duration = 0;
     m_seekable = true;
     m_speed = 0;
@@ -101,7 +102,7 @@ int64_t PlayerStatus::position() {
     const bool known = gst_element_query_position(pipeline.get(), GST_FORMAT_TIME, &time);
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (known && run == m_run && m_pipeline) {
-        m_position = clamped(time / GST_MSECOND);
+        m_position = clamped(time / static_cast<gint64>(GST_MSECOND) - m_origin);
     }
     return m_position;
 }
@@ -133,6 +134,13 @@ void PlayerStatus::followPipeline(unsigned run, GstElement* pipeline) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (run == m_run) {
         m_pipeline = shareElement(pipeline);
+    }
+}
+
+void PlayerStatus::setOrigin(unsigned run, int64_t ms) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_origin = ms;
     }
 }
 

@@ -58,6 +58,9 @@ public:
     /** Position is the pipeline's from now on. */
     void followPipeline(unsigned run, GstElement* pipeline);
 
+    /** Position 0 is there in the pipeline's time. A run starts with 0. */
+    void setOrigin(unsigned run, int64_t ms);
+
     /** @param durationMs 0 when unknown */
     void setMedia(unsigned run, int durationMs, bool seekable);
     void setSpeed(unsigned run, int speed);
@@ -84,6 +87,7 @@ private:
     unsigned m_run = 0;
     ElementPtr m_pipeline; // null while the position is held
     int64_t m_position = -1;
+    int64_t m_origin = 0;
     int m_duration = -1;
     bool m_seekable = true;
     int m_speed = 0;
