@@ -17,6 +17,7 @@ protected:
         fs::create_directories(m_folder / "site/sub");
         fs::create_directories(m_folder / "films");
         write("site/page.xhtml", "page");
+        write("site/page.hbbtv", "page");
         write("site/sub/index.html", "index");
         write("films/a.mp4", "0123456789");
         write("secret", "secret");
@@ -53,6 +54,7 @@ protected:
 
 TEST_F(LoopbackServerTest, ServesFilesWithTheirTypes) {
     EXPECT_EQ(get("/page.xhtml")->get_header_value("Content-Type"), "application/xhtml+xml");
+    EXPECT_EQ(get("/page.hbbtv")->get_header_value("Content-Type"), "application/vnd.hbbtv.xhtml+xml");
     EXPECT_EQ(get("/sub/")->body, "index");
     EXPECT_EQ(get("/sub")->get_header_value("Location"), "/sub/");
     EXPECT_EQ(get("/films/a.mp4")->get_header_value("Content-Type"), "video/mp4");

@@ -23,6 +23,12 @@ served over HTTP on this machine only.
   --exit-after SECONDS  end then, counted since the start
   --verdict             end when document.title is PASS (exit code 0) or starts
                         with FAIL (1), or with 1 at --exit-after (60)
+  --profile FOLDER      keep cookies and the pages' storage there; without it they
+                        end with the program. Its file user-agent, when there
+                        is one, holds the user agent
+  --first-start         empty the profile before
+  --user-agent TEXT     user agent of page and media requests
+  --trust FILE          accept a test server's own certificate too (PEM)
   --plugin-path FOLDER  folder of npavcontrol.so (../lib/npapi beside the program)
   --help, --version     print this, or the version
 
@@ -74,10 +80,11 @@ QString badSeconds(const QCommandLineParser& parser, const QString& option) {
 
 CommandLineResult parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* name : {"headless", "trace", "verdict", "help", "version"}) {
+    for (const char* name : {"headless", "trace", "verdict", "first-start", "help", "version"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     }
-    for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path"}) {
+    for (const char* name :
+         {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile", "user-agent", "trust"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
     }
     if (!parser.parse(arguments)) {
@@ -100,6 +107,10 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     line.trace = parser.isSet(QStringLiteral("trace"));
     line.verdict = parser.isSet(QStringLiteral("verdict"));
     line.pluginFolder = parser.value(QStringLiteral("plugin-path"));
+    line.profileFolder = parser.value(QStringLiteral("profile"));
+    line.firstStart = parser.isSet(QStringLiteral("first-start"));
+    line.userAgent = parser.value(QStringLiteral("user-agent"));
+    line.trustFile = parser.value(QStringLiteral("trust"));
     line.screenshotFile = parser.value(QStringLiteral("screenshot"));
 
     for (const QString& mount : parser.values(QStringLiteral("mount"))) {

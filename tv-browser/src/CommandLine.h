@@ -16,11 +16,15 @@ struct CommandLine {
     QString target;                        /**< address, file or folder to open */
     QList<QPair<QString, QString>> mounts; /**< further folders to serve: name, folder */
     QString pluginFolder;                  /**< where the plug-in module is; empty for beside the program */
+    QString profileFolder;                 /**< what the television remembers; empty for nothing */
+    QString userAgent;                     /**< empty for the profile's own */
+    QString trustFile;                     /**< certificates that https accepts too; empty for none */
     QString screenshotFile;                /**< empty for none */
     std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
     std::optional<double> exitAfter;       /**< seconds; always there with a verdict */
     QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
     bool headless = false;
+    bool firstStart = false; /**< the profile is emptied first */
     bool trace = false;
     bool verdict = false;
 };

@@ -1,6 +1,32 @@
 #include "EngineNetwork.h"
 
+#include <QNetworkReply>
 #include <QNetworkRequest>
+
+namespace {
+
+/** Gives access to what a reply's own class may do: here it is the owner of the network that sets the header. */
+struct ReplyHeader : QNetworkReply {
+    static void set(QNetworkReply& reply, QNetworkRequest::KnownHeaders header, const QVariant& value) {
+        (reply.*(&ReplyHeader::setHeader))(header, value);
+    }
+};
+
+/**
+ * Pages of televisions have content types of their own, which the engine would offer to save. Each is XHTML, as the
+ * CE-HTML and HbbTV profiles define it.
+ */
+void showAsXhtml(QNetworkReply& reply) {
+    const QString type = reply.header(QNetworkRequest::ContentTypeHeader).toString();
+    const QString name = type.section(QLatin1Char(';'), 0, 0).trimmed().toLower();
+    if (name == QLatin1String("application/vnd.hbbtv.xhtml+xml") || name == QLatin1String("application/ce-html+xml")) {
+        const int parameters = type.indexOf(QLatin1Char(';'));
+        ReplyHeader::set(reply, QNetworkRequest::ContentTypeHeader,
+                         QStringLiteral("application/xhtml+xml") + (parameters < 0 ? QString() : type.mid(parameters)));
+    }
+}
+
+} // namespace
 
 QList<QWebPluginFactory::Plugin> PluginAddresses::plugins() const {
     return {};
@@ -25,5 +51,8 @@ QNetworkReply* EngineNetwork::createRequest(Operation operation, const QNetworkR
     if (!request.hasRawHeader("Referer") && m_addresses.take(request.url())) {
         return QNetworkAccessManager::createRequest(operation, QNetworkRequest(), data);
     }
-    return QNetworkAccessManager::createRequest(operation, request, data);
+    QNetworkReply* reply = QNetworkAccessManager::createRequest(operation, request, data);
+    // Connected before the engine is, so that it reads what is written here.
+    connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] { showAsXhtml(*reply); });
+    return reply;
 }

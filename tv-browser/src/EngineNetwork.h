@@ -1,5 +1,6 @@
 /**
- * The engine's network access, without the media: a player fetches what an object's `data` names, not the engine.
+ * The engine's network access: without the media, since a player fetches what an object's `data` names, and with the
+ * content types of televisions' pages.
  */
 #ifndef ENGINENETWORK_H
 #define ENGINENETWORK_H

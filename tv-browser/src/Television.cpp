@@ -25,7 +25,8 @@ int toMilliseconds(double seconds) {
 
 Television::Television(const CommandLine& commandLine, int64_t startUs)
     : m_commandLine(commandLine), m_startUs(startUs),
-      m_trace(commandLine.trace ? std::make_unique<TraceLog>(startUs) : nullptr), m_screen(m_page) {
+      m_trace(commandLine.trace ? std::make_unique<TraceLog>(startUs) : nullptr),
+      m_profile(commandLine.profileFolder, commandLine.userAgent), m_page(m_profile), m_screen(m_page) {
     m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
     connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
     connect(&m_page, &TvPage::loadFailed, this, &Television::pageFailed);

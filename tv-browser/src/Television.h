@@ -6,6 +6,7 @@
 
 #include "CommandLine.h"
 #include "LoopbackServer.h"
+#include "Profile.h"
 #include "TraceLog.h"
 #include "TvPage.h"
 #include "TvScreen.h"
@@ -48,6 +49,7 @@ private:
     const int64_t m_startUs;
     std::unique_ptr<TraceLog> m_trace;
     LoopbackServer m_server; // Outlives the page: its players are readers.
+    Profile m_profile;
     TvPage m_page;
     TvScreen m_screen;
     std::unique_ptr<TvWindow> m_window;

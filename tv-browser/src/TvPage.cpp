@@ -7,11 +7,16 @@
 #include <QWebFrame>
 #include <cstdio>
 
-TvPage::TvPage() : m_network(m_pluginAddresses), m_nameOf([](const QUrl& url) { return url.toString(); }) {
+TvPage::TvPage(Profile& profile)
+    : m_profile(profile), m_network(m_pluginAddresses), m_nameOf([](const QUrl& url) { return url.toString(); }),
+      m_playerRequests(profile, *mainFrame()) {
+    m_network.setCookieJar(&profile.cookies());
+    profile.cookies().setParent(nullptr); // The profile's, not the network's.
     setNetworkAccessManager(&m_network);
     setPluginFactory(&m_pluginAddresses);
     settings()->setAttribute(QWebSettings::PluginsEnabled, true);
     settings()->setAttribute(QWebSettings::AcceleratedCompositingEnabled, false);
+    settings()->setAttribute(QWebSettings::LocalStorageEnabled, true);
     setProperty("_q_useNativeVirtualKeyAsDOMKey", true);
 
     setViewportSize(tvScreenSize);
@@ -130,6 +135,5 @@ QString TvPage::chooseFile(QWebFrame*, const QString&) {
 }
 
 QString TvPage::userAgentForUrl(const QUrl&) const {
-    return QStringLiteral("Mozilla/5.0 (Linux) AppleWebKit/602.1 (KHTML, like Gecko) "
-                          "HbbTV/1.6.1 (; desktop; tv-browser; " TV_BROWSER_VERSION "; ; avcontrol)");
+    return m_profile.userAgent();
 }

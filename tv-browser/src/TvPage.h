@@ -5,6 +5,8 @@
 #define TVPAGE_H
 
 #include "EngineNetwork.h"
+#include "PlayerRequests.h"
+#include "Profile.h"
 #include "RemoteKeys.h"
 
 #include <QSize>
@@ -17,7 +19,8 @@ constexpr QSize tvScreenSize(1280, 720);
 class TvPage : public QWebPage {
     Q_OBJECT
 public:
-    TvPage();
+    /** @param profile outlives the page */
+    explicit TvPage(Profile& profile);
 
     /** Sets how addresses are written in messages to the page's author. */
     void setAddressNames(std::function<QString(const QUrl&)> nameOf);
@@ -56,9 +59,11 @@ private:
                              const QString& address);
     void printDialog(const char* kind, const QString& message, const QString& answer);
 
+    Profile& m_profile;
     PluginAddresses m_pluginAddresses;
     EngineNetwork m_network;
     std::function<QString(const QUrl&)> m_nameOf;
+    PlayerRequests m_playerRequests;
     QString m_failure; ///< why the main frame's document did not come
 };
 

@@ -1,11 +1,14 @@
 #include "CommandLine.h"
 #include "HeadlessMessages.h"
+#include "Profile.h"
 #include "Television.h"
 #include "Watchdog.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 #include <cstdio>
 #include <dlfcn.h>
 
@@ -41,6 +44,28 @@ void choosePlatform(CommandLine& commandLine) {
     }
 }
 
+/** Prepares the profile and the trusted certificates. @return why that cannot be done; empty when it is */
+QString applySettings(const CommandLine& commandLine) {
+    if (!commandLine.trustFile.isEmpty()) {
+        const QList<QSslCertificate> certificates = QSslCertificate::fromPath(commandLine.trustFile);
+        if (certificates.isEmpty()) {
+            return QStringLiteral("--trust %1: no certificate in PEM form there").arg(commandLine.trustFile);
+        }
+        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+        configuration.setCaCertificates(configuration.caCertificates() + certificates);
+        QSslConfiguration::setDefaultConfiguration(configuration);
+    }
+    if (!commandLine.profileFolder.isEmpty()) {
+        if (!QDir().mkpath(commandLine.profileFolder)) {
+            return QStringLiteral("--profile %1: the folder cannot be made").arg(commandLine.profileFolder);
+        }
+        if (commandLine.firstStart) {
+            Profile::clearFolder(commandLine.profileFolder);
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -73,6 +98,11 @@ int main(int argc, char* argv[]) {
     int engineArgc = 1;
     QApplication application(engineArgc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tv-browser"));
+    const QString settingsProblem = applySettings(commandLine);
+    if (!settingsProblem.isEmpty()) {
+        std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(settingsProblem));
+        return 1;
+    }
     Television television(commandLine, startUs);
     return television.run(pluginModule);
 }
