@@ -47,6 +47,11 @@ void Picture::setOrigin(unsigned run, int64_t ms) {
     }
 }
 
+void Picture::hold() {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_run = 0;
+}
+
 void Picture::close() {
     SamplePtr old;
     {

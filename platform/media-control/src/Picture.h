@@ -22,6 +22,9 @@ public:
     /** Drops the frame and shows none that come late. */
     void close();
 
+    /** Keeps the frame and shows none that come late. */
+    void hold();
+
     /** A new frame; ignored unless its run is the open one. */
     void show(unsigned run, SamplePtr sample);
 

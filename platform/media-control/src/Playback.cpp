@@ -42,7 +42,8 @@ int64_t lastRendered(GstElement* sink) {
 Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
     : m_context(context), m_settings(std::move(settings)),
       m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
-      m_videoSink(m_context.picture, m_settings.run), m_paused(m_settings.paused) {
+      m_videoSink(m_context.picture, m_settings.run), m_paused(m_settings.paused),
+      m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
     report(eMEDIA_CALLBACK_CONNECTING);
     if (!buildPipeline()) {
         fail(PlaybackErrorCode::INSUFFICIENT_RESOURCES, missingElementsAdvice());
@@ -255,7 +256,7 @@ void Playback::fail(PlaybackErrorCode code, const std::string& cause) {
     const std::string text = "cannot play " + m_settings.url + ": " + cause;
     traceNote(status.player(), text);
     MEDIA_LOG_ERROR("player " + std::to_string(status.player()) + " " + text);
-    status.endRun(m_settings.run);
+    status.failRun(m_settings.run);
     report(eMEDIA_CALLBACK_ERROR, static_cast<int>(code), cause);
 }
 

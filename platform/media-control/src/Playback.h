@@ -21,7 +21,8 @@ struct PlaybackSettings {
     unsigned run;
     std::string url;
     bool televisionUserAgent;
-    bool paused; /**< hold the first picture */
+    bool paused;   /**< hold the first picture */
+    int toldSpeed; /**< what the page takes the speed for, from a former run */
 };
 
 /** What a run shares with its player. */
@@ -51,6 +52,9 @@ public:
 
     /** The picture has another window. */
     void fitWindow();
+
+    /** @return the speed that a report told of last */
+    int toldSpeed() const { return m_toldSpeed; }
 
     /** @param stream the id of the stream to switch to, empty for none of that type */
     void select(AVComponentType type, const std::string& stream);
@@ -124,7 +128,7 @@ private:
     std::optional<Request> m_seeking; // the pipeline is at it
     bool m_tellPosition = false;
     int m_rate = 1;                  // in force
-    int m_toldSpeed = 1;             // the last that a report told of; a start is at normal speed
+    int m_toldSpeed;                 // the last that a report told of
     std::optional<int> m_askedSpeed; // not answered yet
     enum class Told { CONNECTING, PLAYING, PAUSED, BUFFERING, SEEKING } m_told = Told::CONNECTING;
 

@@ -66,6 +66,9 @@ void Playback::setSpeed(int speed) {
     if (!acceptsCommands()) {
         return;
     }
+    if (speed == 1 && m_told == Told::CONNECTING) {
+        m_toldSpeed = 1; // the page starts at normal speed and knows it
+    }
     m_askedSpeed = speed;
     m_pausedBySpeed = speed == 0;
     m_paused = speed == 0;
@@ -160,7 +163,6 @@ bool Playback::issueRequest() {
     }
     Request next = *m_request;
     m_request.reset();
-    m_tellPosition |= next.tellPosition;
     if (next.position && m_durationMs > 0 && *next.position > m_durationMs) {
         traceNote(m_context.status.player(), "seek to " + std::to_string(*next.position) +
                                                  " ms dropped: the media ends at " + std::to_string(m_durationMs));

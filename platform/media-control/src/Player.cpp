@@ -153,14 +153,15 @@ void Player::postToPlayback(std::function<void(Playback&)> command) {
 }
 
 void Player::start(bool paused) {
-    PlaybackSettings settings = {m_status.startRun(), m_source, m_televisionUserAgent, paused};
+    PlaybackSettings settings = {m_status.startRun(), m_source, m_televisionUserAgent, paused, 1};
     m_components.open(settings.run, m_source);
     m_picture->open(settings.run);
     post([settings = std::move(settings)](Player& player) { player.startPlayback(settings); });
 }
 
-void Player::startPlayback(const PlaybackSettings& settings) {
-    m_playback.reset();
+void Player::startPlayback(PlaybackSettings settings) {
+    endPlayback();
+    settings.toldSpeed = m_toldSpeed;
     if (!m_status.isCurrent(settings.run)) {
         return; // stopped before it began
     }
@@ -171,21 +172,34 @@ void Player::startPlayback(const PlaybackSettings& settings) {
         return;
     }
     MEDIA_LOG_ERROR(failure);
-    m_status.endRun(settings.run);
+    m_status.failRun(settings.run);
     m_status.report(settings.run, eMEDIA_CALLBACK_ERROR, static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES),
                     failure);
 }
 
+void Player::endPlayback() {
+    if (m_playback) {
+        m_toldSpeed = m_playback->toldSpeed();
+        m_playback.reset();
+    }
+}
+
 void Player::stopPlayback() {
+    const bool hasFinished = m_status.hasFinished();
     const unsigned run = m_status.stopRun();
     if (run == 0) {
+        m_picture->close();
         return;
     }
-    m_picture->close();
+    if (hasFinished) {
+        m_picture->hold(); // the last picture stays until another comes or a second stop
+    } else {
+        m_picture->close();
+    }
     m_components.close();
     post([run](Player& player) {
         player.m_status.report(run, eMEDIA_CALLBACK_STOPPED);
-        player.m_playback.reset();
+        player.endPlayback();
     });
 }
 

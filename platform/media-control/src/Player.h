@@ -48,7 +48,8 @@ private:
     void post(std::function<void(Player&)> task);
     void postToPlayback(std::function<void(Playback&)> command);
     void start(bool paused);
-    void startPlayback(const PlaybackSettings& settings);
+    void startPlayback(PlaybackSettings settings);
+    void endPlayback();
     void stopPlayback();
     bool postSelection(AVComponentType type, const std::string& stream);
 
@@ -60,7 +61,8 @@ private:
     std::string m_source;
     bool m_televisionUserAgent = false;
     bool m_closed = false;
-    std::unique_ptr<Playback> m_playback; // only on the player's thread
+    std::unique_ptr<Playback> m_playback; // this one and m_toldSpeed: only on the player's thread
+    int m_toldSpeed = 1;
 };
 
 } // namespace media

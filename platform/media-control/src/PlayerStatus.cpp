@@ -82,6 +82,11 @@ bool PlayerStatus::isRunning() const {
     return m_phase == Phase::RUNNING;
 }
 
+bool PlayerStatus::hasFinished() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_phase == Phase::FINISHED;
+}
+
 bool PlayerStatus::canSeekTo(int ms) const {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_phase == Phase::RUNNING && m_seekable && (m_duration == 0 || ms <= m_duration);
@@ -159,20 +164,24 @@ void PlayerStatus::setSpeed(unsigned run, int speed) {
     }
 }
 
-void PlayerStatus::endRun(unsigned run) {
+void PlayerStatus::failRun(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
-        m_phase = Phase::ENDED;
-        m_pipeline.reset();
-        m_speed = 0;
-    }
+    leave(run, Phase::FAILED);
 }
 
 void PlayerStatus::finishRun(unsigned run) {
-    endRun(run);
     const std::lock_guard<std::mutex> lock(m_mutex);
+    leave(run, Phase::FINISHED);
     if (run == m_run && m_duration > 0) {
         m_position = m_duration;
+    }
+}
+
+void PlayerStatus::leave(unsigned run, Phase phase) {
+    if (run == m_run) {
+        m_phase = phase;
+        m_pipeline.reset();
+        m_speed = 0;
     }
 }
 

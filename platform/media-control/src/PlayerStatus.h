@@ -42,6 +42,9 @@ public:
     /** @return true from a start to the end of the media, an error, or Stop */
     bool isRunning() const;
 
+    /** @return true from the end of the media to the next command */
+    bool hasFinished() const;
+
     bool canSeekTo(int ms) const;
 
     int64_t position();
@@ -66,7 +69,7 @@ public:
     void setSpeed(unsigned run, int speed);
 
     /** The run has failed: no position comes any more. */
-    void endRun(unsigned run);
+    void failRun(unsigned run);
 
     /** The media has come to its end: the position is the duration. */
     void finishRun(unsigned run);
@@ -75,8 +78,9 @@ public:
     void report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
 
 private:
-    enum class Phase { STOPPED, RUNNING, ENDED };
+    enum class Phase { STOPPED, RUNNING, FAILED, FINISHED };
 
+    void leave(unsigned run, Phase phase);
     int64_t clamped(int64_t ms) const;
 
     const int m_player;
