@@ -129,6 +129,9 @@ void Playback::onMessage(GstMessage* message) {
     case GST_MESSAGE_ASYNC_DONE:
         onSettled();
         break;
+    case GST_MESSAGE_APPLICATION:
+        m_awaitsMark = false;
+        break;
     case GST_MESSAGE_STATE_CHANGED:
         onStateChanged(message);
         break;

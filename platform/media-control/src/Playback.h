@@ -112,12 +112,13 @@ private:
     SourcePtr m_busWatch;
     SourcePtr m_watchdog;
 
-    bool m_prerolled = false; // the pipeline has had its first picture: it can be shut down at once
-    bool m_errorSeen = false; // so has one that failed
-    bool m_finished = false;  // the end of the media was reported
-    bool m_settled = false;   // no state change or seek is under way
-    bool m_isPlaying = false; // the pipeline's own word
-    bool m_paused;            // wanted
+    bool m_prerolled = false;  // the pipeline has had its first picture: it can be shut down at once
+    bool m_errorSeen = false;  // so has one that failed
+    bool m_finished = false;   // the end of the media was reported
+    bool m_settled = false;    // no state change or seek is under way
+    bool m_awaitsMark = false; // what the pipeline reports until then is older than the seek
+    bool m_isPlaying = false;  // the pipeline's own word
+    bool m_paused;             // wanted
     bool m_pausedBySpeed = false;
     int m_bufferPercent = 100;
     int m_durationMs = 0;

@@ -112,6 +112,9 @@ void Playback::request(std::optional<int64_t> position, int rate, bool tellPosit
 
 /** The pipeline has its first picture, or the one after a seek, or is held. */
 void Playback::onSettled() {
+    if (m_awaitsMark) {
+        return;
+    }
     *m_lastActivity = g_get_monotonic_time();
     m_settled = true;
     if (!m_prerolled) {
@@ -159,7 +162,10 @@ bool Playback::issueRequest() {
     // Pausing one that plays, and only just has ended a seek, would make GStreamer take up the time of before the seek.
     setTarget(GST_STATE_PAUSED);
     if (!m_settled) {
-        return true;
+        // It may never get there without the seek. What it reports before this message is not the seek's doing.
+        m_awaitsMark = true;
+        gst_element_post_message(m_pipeline.get(), gst_message_new_application(GST_OBJECT(m_pipeline.get()),
+                                                                               gst_structure_new_empty("mark")));
     }
     Request next = *m_request;
     m_request.reset();
@@ -176,7 +182,8 @@ bool Playback::issueRequest() {
     if (!sendSeek(m_pipeline.get(), next.rate, m_originMs + position)) {
         traceNote(m_context.status.player(),
                   "the media cannot go to " + std::to_string(position) + " ms at speed " + std::to_string(next.rate));
-        return false;
+        m_awaitsMark = false;
+        return !m_settled;
     }
     m_seeking = next;
     m_settled = false;

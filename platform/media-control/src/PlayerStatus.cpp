@@ -34,6 +34,19 @@ const char* eventName(eMEDIA_CALLBACK_EVENT event) {
     }
 }
 
+/** A live stream offers only what its server still keeps and already has. */
+bool isAvailable(GstElement* pipeline, int64_t ms) {
+    gint64 start = -1;
+    gint64 end = -1;
+    GstQuery* query = gst_query_new_seeking(GST_FORMAT_TIME);
+    if (gst_element_query(pipeline, query)) {
+        gst_query_parse_seeking(query, nullptr, nullptr, &start, &end);
+    }
+    gst_query_unref(query);
+    const int64_t position = ms * static_cast<int64_t>(GST_MSECOND);
+    return position >= start && (end < 0 || position <= end);
+}
+
 } // namespace
 
 void PlayerStatus::setCallback(Hbbtv_AL_MediaPlayerCallback callback, void* userData) {
@@ -88,8 +101,20 @@ bool PlayerStatus::hasFinished() const {
 }
 
 bool PlayerStatus::canSeekTo(int ms) const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_phase == Phase::RUNNING && m_seekable && (m_duration == 0 || ms <= m_duration);
+    ElementPtr live;
+    int64_t position = ms;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_phase != Phase::RUNNING || !m_seekable) {
+            return false;
+        }
+        if (m_duration > 0 || !m_pipeline) {
+            return m_duration == 0 || ms <= m_duration;
+        }
+        live = shareElement(m_pipeline.get());
+        position += m_origin;
+    }
+    return isAvailable(live.get(), position);
 }
 
 int64_t PlayerStatus::position() {
