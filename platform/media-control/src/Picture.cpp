@@ -38,6 +38,7 @@ void Picture::open(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_run = run;
     m_origin = 0;
+    m_hidden = false;
 }
 
 void Picture::setOrigin(unsigned run, int64_t ms) {
@@ -45,6 +46,17 @@ void Picture::setOrigin(unsigned run, int64_t ms) {
     if (run == m_run) {
         m_origin = ms;
     }
+}
+
+void Picture::setHidden(unsigned run, bool hidden) {
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (run != m_run || hidden == m_hidden) {
+            return;
+        }
+        m_hidden = hidden;
+    }
+    notify(m_player);
 }
 
 void Picture::hold() {
@@ -95,7 +107,7 @@ MediaPictureWindow Picture::window() const {
 
 bool Picture::isVisible() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_sample && m_window.width > 0 && m_window.height > 0;
+    return m_sample && !m_hidden && m_window.width > 0 && m_window.height > 0;
 }
 
 bool Picture::acquire(MediaPicture& picture) const {
@@ -104,7 +116,7 @@ bool Picture::acquire(MediaPicture& picture) const {
     int64_t origin = 0;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (!m_sample) {
+        if (!m_sample || m_hidden) {
             return false;
         }
         held->sample.reset(gst_sample_ref(m_sample.get()));

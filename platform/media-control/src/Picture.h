@@ -19,6 +19,9 @@ public:
     /** Position 0 is there in the time of the run's frames. A run starts with 0. */
     void setOrigin(unsigned run, int64_t ms);
 
+    /** Shows no frame, though they come. A run starts with showing them. */
+    void setHidden(unsigned run, bool hidden);
+
     /** Drops the frame and shows none that come late. */
     void close();
 
@@ -45,6 +48,7 @@ private:
     SamplePtr m_sample;
     uint64_t m_serial = 0;
     int64_t m_origin = 0;
+    bool m_hidden = false;
     MediaPictureWindow m_window;
 };
 

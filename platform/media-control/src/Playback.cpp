@@ -163,6 +163,7 @@ void Playback::onStateChanged(GstMessage* message) {
         GstState now = GST_STATE_NULL;
         gst_message_parse_state_changed(message, nullptr, &now, nullptr);
         m_isPlaying = now == GST_STATE_PLAYING;
+        m_hasPlayed |= m_isPlaying && !m_seeking && GST_STATE(m_pipeline.get()) == GST_STATE_PLAYING;
         update();
     }
 }

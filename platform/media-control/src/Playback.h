@@ -11,6 +11,7 @@
 #include "StreamSetup.h"
 #include "VideoSink.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -102,6 +103,7 @@ private:
     void onStreamCollection(GstMessage* message);
     void onStreamsSelected(GstMessage* message);
     void issueSelection();
+    void showSelection();
 
     const PlaybackContext m_context;
     const PlaybackSettings m_settings;
@@ -118,6 +120,7 @@ private:
     bool m_settled = false;    // no state change or seek is under way
     bool m_awaitsMark = false; // what the pipeline reports until then is older than the seek
     bool m_isPlaying = false;  // the pipeline's own word
+    bool m_hasPlayed = false;  // since the last seek
     bool m_paused;             // wanted
     bool m_pausedBySpeed = false;
     int m_bufferPercent = 100;
@@ -133,9 +136,11 @@ private:
     std::optional<int> m_askedSpeed; // not answered yet
     enum class Told { CONNECTING, PLAYING, PAUSED, BUFFERING, SEEKING } m_told = Told::CONNECTING;
 
-    std::optional<StreamSelection> m_wantedStreams; // until the pipeline has them
-    bool m_selectionDue = false;                    // waits for the pipeline to settle
-    bool m_selecting = false;                       // the pipeline is at it
+    StreamSelection m_streams;                       // what the pipeline plays
+    std::array<bool, COMPONENT_TYPES> m_hidden = {}; // unselected: it plays, but is not seen or heard
+    std::optional<StreamSelection> m_wantedStreams;  // until the pipeline has them
+    bool m_selectionDue = false;                     // waits for the pipeline to settle
+    bool m_selecting = false;                        // the pipeline is at it
 };
 
 } // namespace media

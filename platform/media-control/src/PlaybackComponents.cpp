@@ -1,15 +1,21 @@
 #include "Playback.h"
 
+#include <utility>
+
 namespace media {
 
 void Playback::select(AVComponentType type, const std::string& stream) {
     if (!acceptsCommands()) {
         return;
     }
-    if (!m_wantedStreams) {
-        m_wantedStreams = m_context.components.active();
+    const auto index = static_cast<size_t>(type);
+    m_hidden[index] = stream.empty();
+    if (!stream.empty()) {
+        if (!m_wantedStreams) {
+            m_wantedStreams = m_streams;
+        }
+        (*m_wantedStreams)[index] = stream;
     }
-    (*m_wantedStreams)[static_cast<size_t>(type)] = stream;
     m_selectionDue = true;
     update();
 }
@@ -21,32 +27,25 @@ void Playback::onStreamCollection(GstMessage* message) {
 }
 
 void Playback::onStreamsSelected(GstMessage* message) {
-    StreamSelection active;
+    const StreamSelection before = std::exchange(m_streams, {});
     const guint count = gst_message_streams_selected_get_size(message);
     for (guint i = 0; i < count; ++i) {
         GstStream* stream = gst_message_streams_selected_get_stream(message, i);
         const AVComponentType type = componentType(stream);
         if (type != AV_COMPONENT_TYPE_INVALID) {
-            active[static_cast<size_t>(type)] = gst_stream_get_stream_id(stream);
+            m_streams[static_cast<size_t>(type)] = gst_stream_get_stream_id(stream);
         }
         gst_object_unref(stream);
     }
-    const StreamSelection before = m_context.components.active();
-    m_context.components.setActive(m_settings.run, active);
     m_selecting = false;
     if (!m_selectionDue) {
         m_wantedStreams.reset();
     }
-    if (!m_prerolled || active == before) {
-        return; // the media's own choice
+    showSelection();
+    if (m_prerolled && m_streams != before) {
+        request(std::nullopt, comingRate(), false); // else the change is heard only when the queues have run empty
+        update();
     }
-    for (size_t type = 0; type < COMPONENT_TYPES; ++type) {
-        if (active[type] != before[type]) {
-            report(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED, static_cast<int>(type));
-        }
-    }
-    request(std::nullopt, comingRate(), false); // else the change is heard only when the queues have run empty
-    update();
 }
 
 void Playback::issueSelection() {
@@ -54,22 +53,44 @@ void Playback::issueSelection() {
         return;
     }
     m_selectionDue = false;
+    if (!m_wantedStreams || *m_wantedStreams == m_streams) {
+        m_wantedStreams.reset();
+        showSelection();
+        return;
+    }
     GList* streams = nullptr;
     for (const std::string& stream : *m_wantedStreams) {
         if (!stream.empty()) {
             streams = g_list_append(streams, const_cast<char*>(stream.c_str()));
         }
     }
-    if (!streams || *m_wantedStreams == m_context.components.active()) {
-        m_wantedStreams.reset(); // GStreamer does not survive an empty list
-        g_list_free(streams);
-        return;
-    }
     m_selecting = true;
     gst_element_send_event(m_pipeline.get(), gst_event_new_select_streams(streams));
     g_list_free(streams);
     if (m_paused) {
         request(std::nullopt, comingRate(), false); // the switch happens as data flows
+    }
+}
+
+/** What is unselected runs on unseen or unheard: GStreamer stalls when one of several streams goes and comes back. */
+void Playback::showSelection() {
+    StreamSelection active = m_streams;
+    for (size_t type = 0; type < COMPONENT_TYPES; ++type) {
+        if (m_hidden[type]) {
+            active[type].clear();
+        }
+    }
+    m_context.picture->setHidden(m_settings.run, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
+    g_object_set(m_pipeline.get(), "mute", m_hidden[AV_COMPONENT_TYPE_AUDIO] ? TRUE : FALSE, nullptr);
+    const StreamSelection before = m_context.components.active();
+    m_context.components.setActive(m_settings.run, active);
+    if (!m_prerolled) {
+        return; // the media's own choice
+    }
+    for (size_t type = 0; type < COMPONENT_TYPES; ++type) {
+        if (active[type] != before[type]) {
+            report(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED, static_cast<int>(type));
+        }
     }
 }
 

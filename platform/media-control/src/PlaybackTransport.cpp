@@ -159,7 +159,6 @@ bool Playback::issueRequest() {
     if (!m_request) {
         return false;
     }
-    // Pausing one that plays, and only just has ended a seek, would make GStreamer take up the time of before the seek.
     setTarget(GST_STATE_PAUSED);
     if (!m_settled) {
         // It may never get there without the seek. What it reports before this message is not the seek's doing.
@@ -187,6 +186,7 @@ bool Playback::issueRequest() {
     }
     m_seeking = next;
     m_settled = false;
+    m_hasPlayed = false;
     return true;
 }
 
@@ -215,6 +215,10 @@ void Playback::setTarget(GstState target) {
     m_target = target;
     if (gst_element_set_state(m_pipeline.get(), target) == GST_STATE_CHANGE_ASYNC) {
         m_settled = false;
+    }
+    if (target == GST_STATE_PAUSED && !m_hasPlayed) {
+        // Paused on its way from a seek to playing, the pipeline would go on with the time of before the seek.
+        gst_element_set_start_time(m_pipeline.get(), 0);
     }
 }
 
