@@ -39,8 +39,12 @@ Remote control          Keyboard              Remote control    Keyboard
   0 to 9                0 to 9                BLUE              F5 or b
   PLAY                  p                     REWIND            , (comma)
   PAUSE                 Space                 FAST_FWD          . (full stop)
-  STOP                  s                     full screen       F11
-The keyboard's own play, pause, stop, rewind and forward keys work too.
+  STOP                  s                     INFO              i
+  TELETEXT              t                     SUBTITLE          u
+  full screen           F11
+The keyboard's own media keys work too, as do --keys PLAY_PAUSE, TRACK_PREV and
+TRACK_NEXT. A page gets the keys of its key set; at first these are all but
+TELETEXT and SUBTITLE.
 
 Environment
   AVCONTROL_LOG_CONSOLE=off|error|warning|all     plug-in log on the console

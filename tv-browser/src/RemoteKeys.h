@@ -8,15 +8,35 @@
 #include <QString>
 #include <optional>
 
+/** Sets of keys that an application asks for (OIPF DAE 7.2.5). */
+enum Keyset {
+    KEYSET_RED = 0x1,
+    KEYSET_GREEN = 0x2,
+    KEYSET_YELLOW = 0x4,
+    KEYSET_BLUE = 0x8,
+    KEYSET_NAVIGATION = 0x10,
+    KEYSET_VCR = 0x20,
+    KEYSET_INFO = 0x80,
+    KEYSET_NUMERIC = 0x100,
+    KEYSET_OTHER = 0x400,
+};
+
 struct RemoteKey {
     const char* name; /**< name of the page's constant without `VK_` */
     int code;         /**< `keyCode` in the page's key events */
+    int keyset;       /**< the Keyset that the key belongs to */
     int engineKey;    /**< Qt::Key that makes the engine do what it does for the key by itself, else Key_unknown */
     const char* text; /**< text that the key types */
 };
 
 /** @return the remote key of that name in any case, `VK_` in front allowed; null when there is none. */
 const RemoteKey* remoteKeyNamed(const QString& name);
+
+/** @return the remote key with that `keyCode`; null when there is none. */
+const RemoteKey* remoteKeyOfCode(int code);
+
+/** @return the key sets of which the remote control has keys, and KEYSET_OTHER */
+int remoteKeysets();
 
 /** @return the remote key that a Qt::Key of the keyboard stands for; null when it stands for none. */
 const RemoteKey* remoteKeyOfKeyboard(int qtKey);

@@ -29,6 +29,8 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
       m_profile(commandLine.profileFolder, commandLine.userAgent), m_page(m_profile), m_screen(m_page) {
     m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
     connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
+    connect(&m_page, &TvPage::applicationEnded, this,
+            [] { complain(QStringLiteral("the application has ended itself with destroyApplication()")); });
     connect(&m_page, &TvPage::loadFailed, this, &Television::pageFailed);
     if (commandLine.verdict) {
         connect(m_page.mainFrame(), &QWebFrame::titleChanged, this, &Television::titleChanged);
@@ -171,7 +173,9 @@ void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
     if (m_trace && pressed) {
         m_trace->note("key", key.name);
     }
-    m_page.sendKey(key, pressed, isRepeat);
+    if (!m_page.sendKey(key, pressed, isRepeat) && m_trace && pressed) {
+        m_trace->note("key", std::string(key.name) + " is kept from the page: not in its key set");
+    }
 }
 
 void Television::takeScreenshot() {

@@ -1,5 +1,7 @@
 #include "TvPage.h"
 
+#include "EmbeddedObjects.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QNetworkReply>
@@ -8,8 +10,8 @@
 #include <cstdio>
 
 TvPage::TvPage(Profile& profile)
-    : m_profile(profile), m_network(m_pluginAddresses), m_nameOf([](const QUrl& url) { return url.toString(); }),
-      m_playerRequests(profile, *mainFrame()) {
+    : m_profile(profile), m_application(*mainFrame()), m_network(m_pluginAddresses),
+      m_nameOf([](const QUrl& url) { return url.toString(); }), m_playerRequests(profile, *mainFrame()) {
     m_network.setCookieJar(&profile.cookies());
     profile.cookies().setParent(nullptr); // The profile's, not the network's.
     setNetworkAccessManager(&m_network);
@@ -17,6 +19,7 @@ TvPage::TvPage(Profile& profile)
     settings()->setAttribute(QWebSettings::PluginsEnabled, true);
     settings()->setAttribute(QWebSettings::AcceleratedCompositingEnabled, false);
     settings()->setAttribute(QWebSettings::LocalStorageEnabled, true);
+    settings()->setUserStyleSheetUrl(embeddedObjectsStyleSheet());
     setProperty("_q_useNativeVirtualKeyAsDOMKey", true);
 
     setViewportSize(tvScreenSize);
@@ -26,6 +29,7 @@ TvPage::TvPage(Profile& profile)
     mainFrame()->setScrollBarPolicy(Qt::Horizontal, Qt::ScrollBarAlwaysOff);
     mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
 
+    connect(&m_application, &OwnerApplication::ended, this, &TvPage::applicationEnded);
     addFrame(mainFrame());
     connect(this, &QWebPage::frameCreated, this, &TvPage::addFrame);
     connect(this, &QWebPage::consoleMessageReceived, this, &TvPage::printConsoleMessage);
@@ -52,10 +56,14 @@ QString TvPage::mediaPluginFile() {
         .toString();
 }
 
-void TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
+bool TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
+    if (!m_application.receives(key.code, key.keyset)) {
+        return false;
+    }
     QKeyEvent keyEvent(pressed ? QEvent::KeyPress : QEvent::KeyRelease, key.engineKey, Qt::NoModifier, 0,
                        static_cast<quint32>(key.code), 0, QString::fromLatin1(key.text), isRepeat);
     event(&keyEvent);
+    return true;
 }
 
 bool TvPage::supportsExtension(Extension extension) const {
@@ -74,8 +82,13 @@ bool TvPage::extension(Extension extension, const ExtensionOption* option, Exten
 }
 
 void TvPage::addFrame(QWebFrame* frame) {
-    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, frame,
-            [frame] { frame->evaluateJavaScript(remoteKeyConstantsScript()); });
+    connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [this, frame] {
+        if (frame == mainFrame()) {
+            m_application.reset();
+        }
+        frame->evaluateJavaScript(remoteKeyConstantsScript());
+        installEmbeddedObjects(*frame, m_application);
+    });
 }
 
 void TvPage::replyFinished(QNetworkReply* reply) {

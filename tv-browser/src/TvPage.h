@@ -5,6 +5,7 @@
 #define TVPAGE_H
 
 #include "EngineNetwork.h"
+#include "OwnerApplication.h"
 #include "PlayerRequests.h"
 #include "Profile.h"
 #include "RemoteKeys.h"
@@ -31,13 +32,18 @@ public:
     /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
     QString mediaPluginFile();
 
-    /** Gives a key to the page, as if it were pressed or released on the remote control. */
-    void sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
+    /**
+     * Gives a key to the page, as if it were pressed or released on the remote control.
+     * @return false when the page does not get it, because it is not in the key set that the page has asked for
+     */
+    bool sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
 
     bool supportsExtension(Extension extension) const override;
     bool extension(Extension extension, const ExtensionOption* option, ExtensionReturn* output) override;
 
 signals:
+    /** The page has ended its application. */
+    void applicationEnded();
     /** The page opened last is there. */
     void loaded();
     /** The page opened last cannot be shown; `reason` is a sentence for the user. */
@@ -60,6 +66,7 @@ private:
     void printDialog(const char* kind, const QString& message, const QString& answer);
 
     Profile& m_profile;
+    OwnerApplication m_application;
     PluginAddresses m_pluginAddresses;
     EngineNetwork m_network;
     std::function<QString(const QUrl&)> m_nameOf;

@@ -1,0 +1,101 @@
+// application/oipfApplicationManager (OIPF DAE 7.2): one application, the page in the main frame.
+(function(objects, television) {
+  // Which codes a bit of the mask stands for: OIPF DAE 7.2.5.
+  var keysetConstants = {
+    RED: 0x1,
+    GREEN: 0x2,
+    YELLOW: 0x4,
+    BLUE: 0x8,
+    NAVIGATION: 0x10,
+    VCR: 0x20,
+    SCROLL: 0x40,
+    INFO: 0x80,
+    NUMERIC: 0x100,
+    ALPHA: 0x200,
+    OTHER: 0x400
+  };
+
+  var keyset = {
+    get value() { return television.keyset; },
+    set value(mask) { television.setKeyset(mask, []); },
+    get otherKeys() { return television.otherKeys; },
+    get maximumValue() { return television.supportedKeyset; },
+    get maximumOtherKeys() { return []; },
+    supportsPointer: false,
+    setValue: function(mask, otherKeys) { return television.setKeyset(Number(mask) || 0, otherKeys || []); },
+    getKeyIcon: function() { return null; },
+    getKeyLabel: function(code) { return television.keyLabel(code); }
+  };
+  Object.keys(keysetConstants).forEach(function(name) {
+    Object.defineProperty(keyset, name, {value: keysetConstants[name], enumerable: true});
+  });
+
+  var managers = []; // elements that may have handlers
+  function loadFailed() {
+    managers.forEach(function(manager) {
+      objects.raise(manager.element, manager.model, 'ApplicationLoadError', ['appl'], [application]);
+    });
+  }
+
+  var application = {
+    get visible() { return television.visible; },
+    active: true,
+    permissions: objects.emptyCollection(),
+    isPrimaryReceiver: true,
+    window: window.top,
+    privateData: {
+      keyset: keyset,
+      currentChannel: null,
+      getFreeMem: function() { return 64 * 1024 * 1024; }
+    },
+    onApplicationActivated: null,
+    onApplicationDeactivated: null,
+    onApplicationShown: null,
+    onApplicationHidden: null,
+    show: function() { return change(true); },
+    hide: function() { return change(false); },
+    activate: function() {},
+    deactivate: function() {},
+    activateInput: function() { return true; },
+    deactivateInput: function() {},
+    createApplication: function(uri) {
+      var base = document.createElement('a');
+      base.href = uri;
+      if (television.createApplication(base.href)) {
+        return application;
+      }
+      loadFailed();
+      return null;
+    },
+    destroyApplication: function() { television.destroyApplication(); }
+  };
+
+  function change(visible) {
+    if (television.visible !== visible) {
+      television.setVisible(visible);
+      setTimeout(function() {
+        var handler = visible ? application.onApplicationShown : application.onApplicationHidden;
+        if (typeof handler === 'function') {
+          handler.call(application, application);
+        }
+      }, 0);
+    }
+    return true;
+  }
+
+  objects.define('application/oipfapplicationmanager', function(element) {
+    var model = {
+      onLowMemory: null,
+      onApplicationLoaded: null,
+      onApplicationUnloaded: null,
+      onApplicationLoadError: null,
+      getOwnerApplication: function() { return application; },
+      getChildApplications: function() { return objects.emptyCollection(); },
+      getApplicationVisualizationMode: function() { return 1; }
+    };
+    if (element) {
+      managers.push({element: element, model: model});
+    }
+    return model;
+  });
+})

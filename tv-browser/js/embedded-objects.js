@@ -1,0 +1,100 @@
+// What makes an <object> of a television's type answer as that object.
+//
+// The members sit as accessors on the prototype of all object elements and look at the element's type with each use: so
+// they are there however the element was made, and before any script of the page runs.
+(function(objects) {
+  var makers = {}; // by type
+  var made = new WeakMap(); // element: {type, model}
+
+  function typeOf(element) {
+    return (element.getAttribute('type') || '').toLowerCase();
+  }
+
+  function modelOf(element) {
+    var type = typeOf(element);
+    var entry = made.get(element);
+    if (!entry || entry.type !== type) {
+      var maker = objects.isMedia(type) ? makers.media : makers[type];
+      entry = {type: type, model: maker ? maker(element) : null};
+      made.set(element, entry);
+    }
+    return entry.model;
+  }
+
+  function addMember(name) {
+    if (HTMLObjectElement.prototype.hasOwnProperty(name)) {
+      return;
+    }
+    Object.defineProperty(HTMLObjectElement.prototype, name, {
+      configurable: true,
+      get: function() {
+        var model = modelOf(this);
+        return model && name in model ? model[name] : undefined;
+      },
+      set: function(value) {
+        var model = modelOf(this);
+        if (model && name in model) {
+          model[name] = value;
+        } else {
+          Object.defineProperty(this, name, {configurable: true, enumerable: true, writable: true, value: value});
+        }
+      }
+    });
+  }
+
+  // Is it the type of an A/V Control object?
+  objects.isMedia = function(type) {
+    return /^(video|audio)\/(?!broadcast)|^application\/(vnd\.apple\.mpegurl|dash\+xml)$/.test(type);
+  };
+
+  objects.typeOf = typeOf;
+
+  objects.isKnown = function(type) {
+    return objects.isMedia(type) || makers.hasOwnProperty(type);
+  };
+
+  // `maker` is given an element, and gives an object with the members of that type. It does not look at the element
+  // before one of them is used. The type `media` stands for all types of A/V Control objects.
+  objects.define = function(type, maker) {
+    makers[type] = maker;
+    Object.getOwnPropertyNames(maker(null)).forEach(addMember);
+  };
+
+  // Tells the page of an event, when the present script has returned: by the handler of the model, which gets the
+  // values as arguments, and by a DOM event, which has them as properties of the names given.
+  objects.raise = function(element, model, type, names, values) {
+    setTimeout(function() {
+      var handler = model['on' + type];
+      if (typeof handler === 'function') {
+        handler.apply(element, values);
+      }
+    }, 0);
+    setTimeout(function() {
+      var event = document.createEvent('Event');
+      event.initEvent(type, false, false);
+      names.forEach(function(name, i) { event[name] = values[i]; });
+      element.dispatchEvent(event);
+    }, 0);
+  };
+
+  // An empty list as the standard's collections are.
+  objects.emptyCollection = function(methods) {
+    var collection = {length: 0, item: function() { return undefined; }};
+    (methods || []).forEach(function(name) { collection[name] = function() { return null; }; });
+    return collection;
+  };
+
+  // The fields of the user agent: capabilities, vendor, model, software, hardware, family.
+  objects.terminal = function() {
+    var fields = (/HbbTV\/[0-9.]+ *\(([^)]*)\)/.exec(navigator.userAgent) || ['', ''])[1].split(/ *; */);
+    var field = function(i) { return fields[i] || ''; };
+    return {
+      capabilities: field(0),
+      vendorName: field(1),
+      modelName: field(2),
+      softwareVersion: field(3),
+      hardwareVersion: field(4),
+      familyName: field(5)
+    };
+  };
+})

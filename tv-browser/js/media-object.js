@@ -1,0 +1,55 @@
+// An A/V Control object while the engine has no instance for it: outside the document, or not displayed. It answers as
+// one without media; what a page sets meanwhile waits on the element for the instance.
+(function(objects) {
+  var eventTypes = ['PlayStateChange', 'PlayPositionChanged', 'PlaySpeedChanged', 'SelectedComponentChange'];
+
+  function no() {
+    return false;
+  }
+
+  objects.define('media', function() {
+    return {
+      get playState() { return 0; },
+      get playPosition() { return 'undefined'; },
+      get playTime() { return undefined; },
+      get speed() { return 1; },
+      COMPONENT_TYPE_VIDEO: 0,
+      COMPONENT_TYPE_AUDIO: 1,
+      COMPONENT_TYPE_SUBTITLE: 2,
+      play: no,
+      stop: no,
+      seek: no,
+      next: no,
+      previous: no,
+      queue: no,
+      setFullScreen: no,
+      setVolume: no,
+      getComponents: function() { return objects.emptyCollection(); },
+      getCurrentActiveComponents: function() { return objects.emptyCollection(); },
+      selectComponent: function() {},
+      unselectComponent: function() {}
+    };
+  });
+
+  function override(name, record) {
+    var inherited = HTMLObjectElement.prototype[name];
+    Object.defineProperty(HTMLObjectElement.prototype, name, {
+      configurable: true,
+      writable: true,
+      value: function(type, listener) {
+        var own = objects.typeOf(this);
+        if (eventTypes.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
+          record(this, 'avcontrol listener ' + type, listener);
+        }
+        return inherited.apply(this, arguments);
+      }
+    });
+  }
+
+  function keep(element, name, value) {
+    Object.defineProperty(element, name, {configurable: true, writable: true, value: value});
+  }
+
+  override('addEventListener', keep);
+  override('removeEventListener', function(element, name) { keep(element, name, undefined); });
+})
