@@ -21,7 +21,8 @@
     return entry.model;
   }
 
-  function addMember(name) {
+  // Makes a name go to the models; one that the element's model does not have is as if this were not there.
+  objects.addMember = function(name) {
     if (HTMLObjectElement.prototype.hasOwnProperty(name)) {
       return;
     }
@@ -29,7 +30,8 @@
       configurable: true,
       get: function() {
         var model = modelOf(this);
-        return model && name in model ? model[name] : undefined;
+        // Of a media object that waits for its instance: what its former instance was given.
+        return model && name in model ? model[name] : this['avcontrol kept ' + name];
       },
       set: function(value) {
         var model = modelOf(this);
@@ -40,7 +42,7 @@
         }
       }
     });
-  }
+  };
 
   // Is it the type of an A/V Control object?
   objects.isMedia = function(type) {
@@ -57,7 +59,7 @@
   // before one of them is used. The type `media` stands for all types of A/V Control objects.
   objects.define = function(type, maker) {
     makers[type] = maker;
-    Object.getOwnPropertyNames(maker(null)).forEach(addMember);
+    Object.getOwnPropertyNames(maker(null)).forEach(objects.addMember);
   };
 
   // Tells the page of an event, when the present script has returned: by the handler of the model, which gets the

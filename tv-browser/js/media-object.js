@@ -31,6 +31,11 @@
     };
   });
 
+  // These wait on the element; after an instance has gone, its record answers.
+  ['onPlayStateChange', 'onPlaySpeedChanged', 'onPlayPositionChanged', 'onFullScreenChange', 'onDRMRightsError',
+   'onSelectedComponentChange', 'onSelectedComponentChanged', 'onComponentChanged', 'onParentalRatingChange', 'loop',
+   'cache', 'persist', 'currentTrackIndex', 'fullScreen'].forEach(objects.addMember);
+
   function override(name, record) {
     var inherited = HTMLObjectElement.prototype[name];
     Object.defineProperty(HTMLObjectElement.prototype, name, {

@@ -28,12 +28,13 @@ typedef struct HbbTVModule {
     PluginBaseClass* (*create)(char* hostUri);
 
     /**
-     * Script properties that a page may have set on its element before the element had an instance; ended by null.
+     * Script properties that an element's next instance is given again, and that a page may have set on the element
+     * before it had an instance; ended by null.
      * Attributes that every element reflects (`data`, `width`, ...) do not belong here: they come as attributes.
      */
     const char* const* adoptedProperties;
 
-    /** For traces; ended by an entry of nulls. */
+    /** Listeners that an element's next instance is given again; ended by an entry of nulls. */
     const HbbTVListenerProperty* listenerProperties;
 } HbbTVModule;
 

@@ -58,7 +58,7 @@ typedef struct _NPNetscapeFuncs {
     bool (*evaluate)(NPP npp, NPObject* obj, NPString* script, NPVariant* result);
     bool (*getproperty)(NPP npp, NPObject* obj, NPIdentifier propertyName, NPVariant* result);
     bool (*setproperty)(NPP npp, NPObject* obj, NPIdentifier propertyName, const NPVariant* value);
-    NPUnusedProcPtr removeproperty;
+    bool (*removeproperty)(NPP npp, NPObject* obj, NPIdentifier propertyName);
     NPUnusedProcPtr hasproperty;
     NPUnusedProcPtr hasmethod;
     void (*releasevariantvalue)(NPVariant* variant);

@@ -3,6 +3,7 @@
 #include "AsyncCalls.h"
 #include "ElementPlace.h"
 #include "PageFunction.h"
+#include "PageRecord.h"
 #include "PluginScriptObject.h"
 #include "PluginTrace.h"
 
@@ -72,28 +73,8 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
         }
         m_plugin->setParam(argn[i], argv[i]);
     }
-    adoptProperties();
+    applyRecord(*this);
     return true;
-}
-
-void PluginInstance::adoptProperties() {
-    NPObject* element = nullptr;
-    if (NPN_GetValue(m_npp, NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
-        return;
-    }
-    for (const char* const* name = m_module.adoptedProperties; *name; ++name) {
-        const NPIdentifier identifier = NPN_GetStringIdentifier(*name);
-        NPVariant value;
-        VOID_TO_NPVARIANT(value);
-        if (!NPN_GetProperty(m_npp, element, identifier, &value)) {
-            continue;
-        }
-        if (!NPVARIANT_IS_VOID(value) && !NPVARIANT_IS_NULL(value)) {
-            write(identifier, value);
-        }
-        NPN_ReleaseVariantValue(&value);
-    }
-    NPN_ReleaseObject(element);
 }
 
 bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {

@@ -59,7 +59,6 @@ public:
 private:
     static void place(void* npp);
     bool isFullScreen();
-    void adoptProperties();
 
     const HbbTVModule& m_module;
     NPP m_npp;

@@ -2,6 +2,7 @@
 
 #include "CollectionArray.h"
 #include "PageFunction.h"
+#include "PageRecord.h"
 #include "PluginInstance.h"
 #include "PluginTrace.h"
 
@@ -47,25 +48,6 @@ bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name
     return known;
 }
 
-/// Calls a method; a function of the page among the arguments, as of addEventListener, is kept under the name that the
-/// argument before it gives.
-bool invokeKeepingFunction(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
-                           uint32_t argCount, NPVariant* result) {
-    constexpr uint32_t MOST_ARGUMENTS = 3;
-    if (argCount < 2 || argCount > MOST_ARGUMENTS || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
-        return invokeTraced(instance, element, name, args, argCount, result);
-    }
-    const NPString& type = NPVARIANT_TO_STRING(args[0]);
-    NPVariant kept[MOST_ARGUMENTS];
-    std::copy(args, args + argCount, kept);
-    OBJECT_TO_NPVARIANT(keepPageFunction(instance, std::string(type.UTF8Characters, type.UTF8Length).c_str(),
-                                         NPVARIANT_TO_OBJECT(args[1])),
-                        kept[1]);
-    const bool known = invokeTraced(instance, element, name, kept, argCount, result);
-    NPN_ReleaseVariantValue(&kept[1]);
-    return known;
-}
-
 bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t argCount, NPVariant* result) {
     PluginInstance* instance = instanceOf(object);
     if (!instance) {
@@ -83,7 +65,8 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
     if (NPN_GetValue(instance->npp(), NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
         element = NPN_RetainObject(object);
     }
-    const bool known = invokeKeepingFunction(*instance, element, name, args, argCount, result);
+    recordListener(*instance, name, args, argCount);
+    const bool known = invokePlugin(*instance, element, name, args, argCount, result);
     NPN_ReleaseObject(element);
     if (known && instanceOf(object)) {
         presentAsArray(instanceOf(object)->npp(), result);
@@ -127,7 +110,11 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
 
 bool setProperty(NPObject* object, NPIdentifier name, const NPVariant* value) {
     PluginInstance* instance = instanceOf(object);
-    return instance && instance->write(name, *value);
+    if (!instance) {
+        return false;
+    }
+    recordProperty(*instance, describeIdentifier(name), *value);
+    return instance->write(name, *value);
 }
 
 NPClass scriptClass = {NP_CLASS_STRUCT_VERSION,
@@ -145,6 +132,24 @@ NPClass scriptClass = {NP_CLASS_STRUCT_VERSION,
                        nullptr};
 
 } // namespace
+
+// A function of the page among the arguments, as of addEventListener, is kept under the name before it.
+bool invokePlugin(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
+                  uint32_t argCount, NPVariant* result) {
+    constexpr uint32_t MOST_ARGUMENTS = 3;
+    if (argCount < 2 || argCount > MOST_ARGUMENTS || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
+        return invokeTraced(instance, element, name, args, argCount, result);
+    }
+    const NPString& type = NPVARIANT_TO_STRING(args[0]);
+    NPVariant kept[MOST_ARGUMENTS];
+    std::copy(args, args + argCount, kept);
+    OBJECT_TO_NPVARIANT(keepPageFunction(instance, std::string(type.UTF8Characters, type.UTF8Length).c_str(),
+                                         NPVARIANT_TO_OBJECT(args[1])),
+                        kept[1]);
+    const bool known = invokeTraced(instance, element, name, kept, argCount, result);
+    NPN_ReleaseVariantValue(&kept[1]);
+    return known;
+}
 
 PluginScriptObject* createPluginScriptObject(PluginInstance& instance) {
     NPObject* object = NPN_CreateObject(instance.npp(), &scriptClass);
