@@ -1,51 +1,47 @@
 #include "TvWindow.h"
 
 #include "RemoteKeys.h"
-#include "TvPage.h"
-#include "TvScreen.h"
+#include "TvPicture.h"
 
 #include <QKeyEvent>
-#include <QPainter>
-#include <QTransform>
+#include <QScreen>
 
-TvWindow::TvWindow(TvScreen& screen) : m_screen(screen) {
-    setTitle(QStringLiteral("HbbTV"));
-    resize(tvScreenSize);
-    setMinimumSize(tvScreenSize / 2);
-    connect(&screen, &TvScreen::changed, this, &TvWindow::updatePart);
+TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(screen, this)) {
+    setWindowTitle(QStringLiteral("HbbTV"));
+    m_layout.setContentsMargins(0, 0, 0, 0);
+    m_layout.setSpacing(0);
+    m_layout.addWidget(m_picture, 1);
+    resize(m_picture->sizeHint());
+    m_picture->setFocus();
 }
 
-QRectF TvWindow::pictureArea() const {
-    const QSizeF size = QSizeF(tvScreenSize).scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
-    return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
+void TvWindow::addPanel(QWidget* panel, Side side) {
+    panel->hide();
+    m_layout.insertWidget(side == Side::LEFT ? 0 : m_layout.count(), panel);
 }
 
-void TvWindow::updatePart(const QRegion& region) {
-    const QRectF area = pictureArea();
-    const qreal scale = area.width() / tvScreenSize.width();
-    const QTransform toWindow = QTransform(scale, 0, 0, scale, area.x(), area.y());
-    QRegion part;
-    for (const QRect& rectangle : region) {
-        // Smooth scaling spreads a pixel into its neighbours.
-        part += toWindow.mapRect(QRectF(rectangle)).toAlignedRect().adjusted(-1, -1, 1, 1);
+void TvWindow::showPanel(QWidget& panel, bool visible) {
+    if (panel.isVisibleTo(this) == visible) {
+        return;
     }
-    update(part);
+    const int width = panel.sizeHint().width();
+    panel.setVisible(visible);
+    if (!isMaximized() && !isFullScreen()) {
+        resize(qMin(this->width() + (visible ? width : -width), QWidget::screen()->availableGeometry().width()),
+               height());
+    }
+    if (!visible) {
+        m_picture->setFocus();
+    }
 }
 
-void TvWindow::paintEvent(QPaintEvent* event) {
-    const QRectF area = pictureArea();
-    QPainter painter(this);
-    painter.setClipRegion(event->region());
-    if (area.size() != QSizeF(size())) {
-        painter.fillRect(QRect(QPoint(), size()), Qt::black);
-    }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, area.size() != QSizeF(tvScreenSize));
-    painter.drawImage(area, m_screen.picture());
+void TvWindow::toggleFullScreen() {
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
 void TvWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_F11) {
-        setWindowStates(windowStates() ^ Qt::WindowFullScreen);
+        toggleFullScreen();
     } else if (const RemoteKey* key = remoteKeyOfKeyboard(event->key())) {
         emit remoteKey(*key, true, event->isAutoRepeat());
     }
