@@ -1,4 +1,5 @@
 // The server for local pages, over real connections.
+#include "LiveList.h"
 #include "LoopbackServer.h"
 
 #include <fstream>
@@ -76,6 +77,41 @@ TEST_F(LoopbackServerTest, KeepsToItsFolders) {
     }
     EXPECT_FALSE(m_server.mount("a/b", m_folder));
     EXPECT_FALSE(m_server.mount("nothing", m_folder / "nothing"));
+}
+
+TEST_F(LoopbackServerTest, DoesWrongOnRequest) {
+    EXPECT_EQ(get("/films/a.mp4?fault=status:404")->status, 404);
+    EXPECT_EQ(get("/films/a.mp4?fault=type:text/plain,delay:1")->get_header_value("Content-Type"), "text/plain");
+    EXPECT_EQ(get("/films/a.mp4?fault=redirect,type:a/b")->get_header_value("Location"),
+              "/films/a.mp4?fault=,type:a/b");
+    EXPECT_EQ(get("/films/a.mp4?fault=,type:a/b")->body, "0123456789");
+    EXPECT_EQ(get("/films/a.mp4?fault=norange", {{"Range", "bytes=2-4"}})->body, "0123456789");
+    EXPECT_EQ(get("/films/a.mp4?fault=throttle:1000")->body, "0123456789");
+    EXPECT_EQ(get("/films/a.mp4?fault=soup")->status, 400);
+    EXPECT_FALSE(get("/films/a.mp4?fault=cut:4"));
+    EXPECT_FALSE(get("/films/a.mp4?fault=cut:4", {{"Range", "bytes=6-"}})) << "nor what comes after";
+    for (const char* quiet : {"/films/a.mp4?fault=silent", "/films/a.mp4?fault=stall:4"}) {
+        httplib::Client client("127.0.0.1", m_port);
+        client.set_read_timeout(0, 300000);
+        EXPECT_EQ(client.Get(quiet).error(), httplib::Error::Read);
+    }
+    m_server.setFaults({{"*/a.*", *parseServerFault("redirect,status:410", *std::make_unique<std::string>())}});
+    EXPECT_EQ(get("/films/a.mp4")->status, 302);
+    EXPECT_EQ(get(get("/films/a.mp4")->get_header_value("Location"))->status, 200);
+    EXPECT_EQ(get("/page.xhtml")->status, 200);
+}
+
+TEST_F(LoopbackServerTest, MakesAFilmsPlaylistALiveOne) {
+    write("films/a.m3u8", "#EXTM3U\n#EXT-X-TARGETDURATION:3\n#EXT-X-PLAYLIST-TYPE:VOD\n"
+                          "#EXTINF:2,\n1.ts\n#EXTINF:3,\n2.ts\n#EXT-X-ENDLIST\n");
+    EXPECT_EQ(get("/films/a.m3u8?live")->body,
+              "#EXTM3U\n#EXT-X-TARGETDURATION:3\n#EXT-X-MEDIA-SEQUENCE:0\n#EXT-X-DISCONTINUITY-SEQUENCE:0\n"
+              "#EXTINF:2,\n1.ts\n#EXTINF:3,\n2.ts\n#EXT-X-DISCONTINUITY\n#EXTINF:2,\n1.ts\n#EXTINF:3,\n2.ts\n"
+              "#EXT-X-DISCONTINUITY\n#EXTINF:2,\n1.ts\n");
+    const std::string later = liveList(get("/films/a.m3u8")->body, 8.5);
+    EXPECT_NE(later.find("#EXT-X-MEDIA-SEQUENCE:3\n#EXT-X-DISCONTINUITY-SEQUENCE:1\n#EXTINF:3,\n2.ts\n"),
+              std::string::npos)
+        << later;
 }
 
 TEST_F(LoopbackServerTest, AnswersOnlyToItsOwnName) {

@@ -1,15 +1,21 @@
 #include "LoopbackServer.h"
 
+#include "FileAnswer.h"
+#include "LiveList.h"
+
 #include <algorithm>
-#include <array>
-#include <cctype>
+#include <chrono>
+#include <condition_variable>
+#include <fnmatch.h>
 #include <fstream>
 #include <httplib.h>
 #include <map>
+#include <mutex>
+#include <sstream>
 #include <thread>
-#include <vector>
 
 namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -17,100 +23,21 @@ constexpr size_t poolThreads = 64;
 constexpr time_t keepAliveSeconds = 1;
 // A paused film does not read for as long as it likes.
 constexpr time_t writeTimeoutSeconds = 24 * time_t{3600};
-constexpr size_t chunkBytes = 64 * size_t{1024};
-
-const char* mimeType(const fs::path& file) {
-    static const std::map<std::string, const char*> types = {
-        {".html", "text/html"},
-        {".htm", "text/html"},
-        {".xhtml", "application/xhtml+xml"},
-        {".xht", "application/xhtml+xml"},
-        {".cehtml", "application/ce-html+xml"},
-        {".hbbtv", "application/vnd.hbbtv.xhtml+xml"},
-        {".js", "application/javascript"},
-        {".css", "text/css"},
-        {".json", "application/json"},
-        {".xml", "application/xml"},
-        {".txt", "text/plain"},
-        {".png", "image/png"},
-        {".jpg", "image/jpeg"},
-        {".jpeg", "image/jpeg"},
-        {".gif", "image/gif"},
-        {".svg", "image/svg+xml"},
-        {".woff", "font/woff"},
-        {".ttf", "font/ttf"},
-        {".mp4", "video/mp4"},
-        {".m4s", "video/iso.segment"},
-        {".ts", "video/mp2t"},
-        {".mp3", "audio/mpeg"},
-        {".m4a", "audio/mp4"},
-        {".aac", "audio/aac"},
-        {".m3u8", "application/vnd.apple.mpegurl"},
-        {".mpd", "application/dash+xml"},
-        {".vtt", "text/vtt"},
-        {".srt", "application/x-subrip"},
-        {".ttml", "application/ttml+xml"},
-    };
-    std::string extension = file.extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    const auto found = types.find(extension);
-    return found != types.end() ? found->second : "application/octet-stream";
-}
+constexpr int longestSilenceMs = 300 * 1000; // so that threads come back from clients that have gone
 
 bool isInside(const fs::path& path, const fs::path& folder) {
     return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
 
-/**
- * Makes the request's ranges fit the file, which the library leaves to its caller.
- * @return false when they ask for what is not there
- */
-bool fitRanges(httplib::Ranges& ranges, ssize_t size) {
-    if (ranges.size() > 1) {
-        ranges.clear(); // A server may answer with the whole file.
+/** @return the address with faults that do not redirect, so that the next request is answered */
+std::string withoutRedirection(const httplib::Request& request) {
+    std::string target = request.target;
+    const size_t faults = target.find("fault=");
+    const size_t word = target.find("redirect", faults);
+    if (faults == std::string::npos) {
+        return target + (target.find('?') == std::string::npos ? "?fault=" : "&fault=");
     }
-    for (httplib::Range& range : ranges) {
-        if (range.first >= size || (range.first < 0 && (range.second == 0 || size == 0))) {
-            return false;
-        }
-        if (range.first >= 0) {
-            range.second = std::min(range.second, size - 1);
-        }
-    }
-    return true;
-}
-
-void sendFile(const httplib::Request& request, httplib::Response& response, const fs::path& file) {
-    auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
-    std::error_code error;
-    const auto size = static_cast<ssize_t>(fs::file_size(file, error));
-    if (error || !*stream) {
-        response.status = 403;
-        return;
-    }
-    // The library hands out its own, changeable request as const and reads the ranges again after the handler.
-    auto& ranges = const_cast<httplib::Request&>(request).ranges;
-    if (!fitRanges(ranges, size)) {
-        ranges.clear();
-        response.status = 416;
-        response.set_header("Content-Range", "bytes */" + std::to_string(size));
-        return;
-    }
-    response.set_header("Cache-Control", "no-cache");
-    if (size == 0) {
-        response.set_content(std::string(), mimeType(file));
-        return;
-    }
-    response.set_content_provider(static_cast<size_t>(size), mimeType(file),
-                                  [stream](size_t offset, size_t length, httplib::DataSink& sink) {
-                                      std::vector<char> chunk(std::min(length, chunkBytes));
-                                      stream->clear();
-                                      stream->seekg(static_cast<std::streamoff>(offset));
-                                      stream->read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
-                                      const auto count = static_cast<size_t>(stream->gcount());
-                                      return count > 0 && sink.write(chunk.data(), count);
-                                  });
+    return word == std::string::npos ? target : target.erase(word, sizeof "redirect" - 1);
 }
 
 /** Ends this process's connections on a local port: the library would wait for those whose reader is paused. */
@@ -134,12 +61,68 @@ struct LoopbackServer::Private {
     httplib::Server server;
     std::thread thread;
     int port = 0;
+    const Clock::time_point start = Clock::now(); // of live streams, too
+    std::mutex mutex;                             // guards all below
+    std::vector<ServerFaultRule> faultRules;
+    std::condition_variable stop;
+    bool stopping = false;
 
-    void answer(const httplib::Request& request, httplib::Response& response, const LoopbackServer& owner) const;
+    bool pause(int milliseconds);
+    std::optional<ServerFault> faultOf(const httplib::Request& request, httplib::Response& response);
+    void answer(const httplib::Request& request, httplib::Response& response, const LoopbackServer& owner);
+    void answer(const httplib::Request& request, httplib::Response& response, const fs::path& file,
+                const ServerFault& fault);
 };
 
+bool LoopbackServer::Private::pause(int milliseconds) {
+    std::unique_lock<std::mutex> lock(mutex);
+    return !stop.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return stopping; });
+}
+
+/** @return nothing when the request asks for a fault that there is not; the response then says so */
+std::optional<ServerFault> LoopbackServer::Private::faultOf(const httplib::Request& request,
+                                                            httplib::Response& response) {
+    if (!request.has_param("fault")) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const auto rule = std::find_if(faultRules.begin(), faultRules.end(), [&request](const ServerFaultRule& each) {
+            return fnmatch(each.pattern.c_str(), request.path.c_str(), 0) == 0;
+        });
+        return rule != faultRules.end() ? rule->fault : ServerFault();
+    }
+    std::string wrong;
+    const std::optional<ServerFault> fault = parseServerFault(request.get_param_value("fault"), wrong);
+    if (!fault) {
+        response.status = 400;
+        response.set_content("\"" + wrong +
+                                 "\" is no fault; take delay:MS, status:CODE, type:MIME, cut:BYTE, "
+                                 "stall:BYTE, throttle:BYTES_PER_SECOND, redirect, norange or silent.\n",
+                             "text/plain");
+    }
+    return fault;
+}
+
+void LoopbackServer::Private::answer(const httplib::Request& request, httplib::Response& response, const fs::path& file,
+                                     const ServerFault& fault) {
+    if (!pause(fault.silent ? longestSilenceMs : fault.delayMs)) {
+        return;
+    }
+    if (fault.redirect) {
+        response.set_redirect(withoutRedirection(request));
+    } else if (fault.silent || fault.status != 0) {
+        response.status = fault.silent ? 503 : fault.status;
+    } else if (request.has_param("live")) {
+        std::ostringstream list;
+        list << std::ifstream(file).rdbuf();
+        const std::chrono::duration<double> elapsed = Clock::now() - start;
+        response.set_header("Cache-Control", "no-cache");
+        response.set_content(liveList(list.str(), elapsed.count()), mimeType(file));
+    } else {
+        answerWithFile(request, response, file, fault, [this](int milliseconds) { return pause(milliseconds); });
+    }
+}
+
 void LoopbackServer::Private::answer(const httplib::Request& request, httplib::Response& response,
-                                     const LoopbackServer& owner) const {
+                                     const LoopbackServer& owner) {
     const fs::path file = owner.fileOf(request.path);
     std::error_code error;
     if (request.get_header_value("Host") != "127.0.0.1:" + std::to_string(port)) {
@@ -149,8 +132,8 @@ void LoopbackServer::Private::answer(const httplib::Request& request, httplib::R
     } else if (fs::is_directory(file, error)) {
         // Without the slash the page's relative addresses would start one folder too high.
         response.set_redirect(request.target.substr(0, request.target.find('?')) + "/");
-    } else {
-        sendFile(request, response, file);
+    } else if (const std::optional<ServerFault> fault = faultOf(request, response)) {
+        answer(request, response, file, *fault);
     }
 }
 
@@ -158,6 +141,11 @@ LoopbackServer::LoopbackServer() : d(std::make_unique<Private>()) {}
 
 LoopbackServer::~LoopbackServer() {
     if (d->thread.joinable()) {
+        {
+            const std::lock_guard<std::mutex> lock(d->mutex);
+            d->stopping = true;
+        }
+        d->stop.notify_all();
         d->server.stop();
         cutConnections(d->port);
         d->thread.join();
@@ -172,6 +160,11 @@ bool LoopbackServer::mount(const std::string& name, const fs::path& folder) {
     }
     d->folders[name] = canonical;
     return true;
+}
+
+void LoopbackServer::setFaults(std::vector<ServerFaultRule> rules) {
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    d->faultRules = std::move(rules);
 }
 
 int LoopbackServer::start() {

@@ -4,10 +4,23 @@
 #ifndef LOOPBACKSERVER_H
 #define LOOPBACKSERVER_H
 
+#include "ServerFault.h"
+
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
+/** Which files have a fault. */
+struct ServerFaultRule {
+    std::string pattern; /**< of the address's path, as a shell has it: "*.m4s" or "/media/film.mp4" */
+    ServerFault fault;
+};
+
+/**
+ * Any file's address takes `?fault=...` (see parseServerFault), and that of an HLS media playlist `?live`, which makes
+ * it the list of a live stream that began with the server.
+ */
 class LoopbackServer {
 public:
     LoopbackServer();
@@ -31,6 +44,9 @@ public:
      * @return the port, or 0 when there is none to be had. To be called once.
      */
     int start();
+
+    /** Sets the faults of requests that name none in their query: the first rule that fits counts. Thread: any. */
+    void setFaults(std::vector<ServerFaultRule> rules);
 
     /** @return the file behind an address path (percent signs already decoded), or empty when there is none. */
     std::filesystem::path fileOf(const std::string& urlPath) const;
