@@ -1,9 +1,13 @@
 #include "VideoPlanes.h"
 
+#include "media_subtitles.h"
+
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -42,6 +46,10 @@ QRect fitted(const QSize& picture, const QRect& window) {
     target.moveCenter(window.center());
     return target;
 }
+
+struct FreeText {
+    void operator()(char* text) const { std::free(text); }
+};
 
 } // namespace
 
@@ -82,7 +90,7 @@ void VideoPlanes::update() {
     }
 }
 
-void VideoPlanes::draw(QPainter& painter) const {
+void VideoPlanes::draw(QPainter& painter) {
     for (const MediaPictureWindow& window : m_windows) {
         MediaPicture picture{};
         if (!mediaPictureAcquire(window.player, &picture)) {
@@ -92,6 +100,8 @@ void VideoPlanes::draw(QPainter& painter) const {
         const QRect place = rectangleOf(window);
         painter.fillRect(place, Qt::black);
         painter.drawImage(fitted(image.size(), place), image);
+        const std::unique_ptr<char, FreeText> text(mediaSubtitlesAt(window.player, picture.timeMs));
+        m_subtitlePainter.draw(painter, window.player, QString::fromUtf8(text.get()), place);
         mediaPictureRelease(&picture);
     }
 }

@@ -1,9 +1,10 @@
 /**
- * The players' pictures at their places on the screen.
+ * The players' pictures at their places on the screen, with their subtitles.
  */
 #ifndef VIDEOPLANES_H
 #define VIDEOPLANES_H
 
+#include "SubtitlePainter.h"
 #include "media_picture.h"
 
 #include <QObject>
@@ -21,8 +22,8 @@ public:
     VideoPlanes();
     ~VideoPlanes() override;
 
-    /** Draws the newest pictures, in the order in which the players were opened. */
-    void draw(QPainter& painter) const;
+    /** Draws the newest pictures with their subtitles, in the order in which the players were opened. */
+    void draw(QPainter& painter);
 
 signals:
     /** New pictures, or pictures moved: what has to be drawn anew. */
@@ -38,6 +39,7 @@ private:
     std::mutex m_mutex;
     QSet<int> m_notified; ///< players that changed since the last update; guarded by the mutex
     std::vector<MediaPictureWindow> m_windows;
+    SubtitlePainter m_subtitlePainter;
 };
 
 #endif

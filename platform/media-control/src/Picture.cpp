@@ -110,6 +110,10 @@ bool Picture::isVisible() const {
     return m_sample && !m_hidden && m_window.width > 0 && m_window.height > 0;
 }
 
+void Picture::tellChange() const {
+    notify(m_player);
+}
+
 bool Picture::acquire(MediaPicture& picture) const {
     auto held = std::make_unique<HeldFrame>();
     uint64_t serial = 0;

@@ -38,6 +38,9 @@ public:
     /** @return true when there is a frame and a place to show it */
     bool isVisible() const;
 
+    /** Tells the compositor that what lies over the picture has changed. */
+    void tellChange() const;
+
     /** As mediaPictureAcquire. */
     bool acquire(MediaPicture& picture) const;
 

@@ -2,12 +2,12 @@
 
 #include "GstRuntime.h"
 #include "MediaLog.h"
-#include "MediaTrace.h"
 
 namespace media {
 
 Player::Player(int handle)
-    : m_status(handle), m_picture(std::make_shared<Picture>(handle)), m_thread(PlayerThread::start()) {
+    : m_status(handle), m_subtitles(handle), m_picture(std::make_shared<Picture>(handle)),
+      m_thread(PlayerThread::start()) {
     m_thread->post([] { prepareGstreamer(); });
 }
 
@@ -20,6 +20,9 @@ bool Player::setSource(const std::string& url) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
     if (url.empty()) {
         return false;
+    }
+    if (url != m_source) {
+        m_subtitles.startMedia();
     }
     m_source = url;
     if (m_status.isStopped()) {
@@ -102,18 +105,29 @@ bool Player::setSpeed(int speed) {
 
 bool Player::select(AVComponentType type, int pid) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        return selectSubtitles(pid);
+    }
     const std::string stream = m_components.streamOf(type, pid);
     return !stream.empty() && postSelection(type, stream);
 }
 
 bool Player::selectDefault(AVComponentType type) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        const std::optional<int> pid = m_subtitles.preferred();
+        return pid && selectSubtitles(pid);
+    }
     const std::string stream = m_components.defaultStream(type);
     return !stream.empty() && postSelection(type, stream);
 }
 
 bool Player::unselect(AVComponentType type, std::optional<int> pid) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        const std::optional<int> shown = m_subtitles.selected();
+        return shown && (!pid || pid == shown) && selectSubtitles(std::nullopt);
+    }
     const std::string active = m_components.active()[static_cast<size_t>(type)];
     if (active.empty() || (pid && m_components.streamOf(type, *pid) != active)) {
         return false;
@@ -122,10 +136,6 @@ bool Player::unselect(AVComponentType type, std::optional<int> pid) {
 }
 
 bool Player::postSelection(AVComponentType type, const std::string& stream) {
-    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        traceNote(m_status.player(), "subtitles are not shown by this player");
-        return false;
-    }
     postToPlayback([type, stream](Playback& playback) { playback.select(type, stream); });
     return true;
 }
@@ -167,6 +177,7 @@ void Player::startPlayback(PlaybackSettings settings) {
     }
     const std::string& failure = prepareGstreamer();
     if (failure.empty()) {
+        startSubtitles(settings);
         m_playback =
             std::make_unique<Playback>(PlaybackContext{*m_thread, m_status, m_components, m_picture}, settings);
         return;
@@ -200,6 +211,7 @@ void Player::stopPlayback() {
     post([run](Player& player) {
         player.m_status.report(run, eMEDIA_CALLBACK_STOPPED);
         player.endPlayback();
+        player.m_subtitleReaders.clear();
     });
 }
 

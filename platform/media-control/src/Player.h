@@ -7,11 +7,14 @@
 #include "Playback.h"
 #include "PlayerStatus.h"
 #include "PlayerThread.h"
+#include "SubtitleReader.h"
+#include "Subtitles.h"
 
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace media {
 
@@ -31,6 +34,9 @@ public:
     bool seek(int ms);
     bool setSpeed(int speed);
 
+    /** @param properties with an address */
+    void addSubtitle(const sub_properties_t& properties);
+
     bool select(AVComponentType type, int pid);
     bool selectDefault(AVComponentType type);
 
@@ -41,8 +47,11 @@ public:
     void close();
 
     PlayerStatus& status() { return m_status; }
-    const Components& components() const { return m_components; }
     const Picture& picture() const { return *m_picture; }
+    const Subtitles& subtitles() const { return m_subtitles; }
+
+    /** As Hbbtv_AL_MediaPlayerGetComponents. */
+    std::vector<Hbbtv_AL_ComponentInfo> listComponents(AVComponentType type) const;
 
 private:
     void post(std::function<void(Player&)> task);
@@ -53,16 +62,25 @@ private:
     void stopPlayback();
     bool postSelection(AVComponentType type, const std::string& stream);
 
+    // PlayerSubtitles.cpp; the last three on the player's thread
+    bool selectSubtitles(std::optional<int> pid);
+    void startSubtitles(const PlaybackSettings& settings);
+    void readSubtitles();
+    void tellSubtitlesSelected();
+
     PlayerStatus m_status;
     Components m_components;
+    Subtitles m_subtitles;
     const std::shared_ptr<Picture> m_picture;
     const std::shared_ptr<PlayerThread> m_thread;
-    std::mutex m_commandMutex; // guards all below but m_playback, and the order of commands
+    std::mutex m_commandMutex; // guards all below but the last three, and the order of commands
     std::string m_source;
     bool m_televisionUserAgent = false;
     bool m_closed = false;
-    std::unique_ptr<Playback> m_playback; // this one and m_toldSpeed: only on the player's thread
+    std::unique_ptr<Playback> m_playback; // this one and those below: only on the player's thread
     int m_toldSpeed = 1;
+    PlaybackSettings m_subtitleSettings = {}; // of the playback that the readers belong to
+    std::vector<std::unique_ptr<SubtitleReader>> m_subtitleReaders;
 };
 
 } // namespace media

@@ -106,9 +106,9 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerAddSubtitle(int player, sub_properties_t* p
     if (properties->url[0] == '\0') {
         return 0;
     }
-    return command(player, std::string("AddSubtitle ") + properties->url, [&](Player&) {
-        media::traceNote(player, std::string("subtitles ") + properties->url + " are not shown by this player");
-        return false;
+    return command(player, std::string("AddSubtitle ") + properties->url, [&](Player& found) {
+        found.addSubtitle(*properties);
+        return true;
     });
 }
 
@@ -200,7 +200,7 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerGetComponents(int player, int type, Hbbtv_A
     if (!found || !valid) {
         return 0;
     }
-    const auto list = found->components().list(*valid);
+    const auto list = found->listComponents(*valid);
     std::copy_n(list.begin(), std::clamp<size_t>(static_cast<size_t>(std::max(0, capacity)), 0, list.size()),
                 components);
     return static_cast<int>(list.size());
