@@ -21,13 +21,15 @@ void CueList::add(GstSample* sample) {
     if (!buffer || !caps) {
         return;
     }
-    const GstClockTime start =
-        gst_segment_to_stream_time(gst_sample_get_segment(sample), GST_FORMAT_TIME, GST_BUFFER_PTS(buffer));
+    // In full: after a seek, a cue may have begun before the place that was sought.
+    guint64 start = 0;
+    const int sign = gst_segment_to_stream_time_full(gst_sample_get_segment(sample), GST_FORMAT_TIME,
+                                                     GST_BUFFER_PTS(buffer), &start);
     const std::string text = cueText(buffer, cueFormat(caps));
-    if (!GST_CLOCK_TIME_IS_VALID(start) || text.empty()) {
+    if (sign == 0 || text.empty()) {
         return;
     }
-    const auto startMs = static_cast<int64_t>(start / GST_MSECOND);
+    const int64_t startMs = sign * static_cast<int64_t>(start / GST_MSECOND);
     const int64_t durationMs = GST_BUFFER_DURATION_IS_VALID(buffer)
                                    ? static_cast<int64_t>(GST_BUFFER_DURATION(buffer) / GST_MSECOND)
                                    : DEFAULT_DURATION_MS;

@@ -7,6 +7,7 @@
 #include "MissingPlugin.h"
 #include "PipelineEnd.h"
 #include "RequestTrace.h"
+#include "TextSink.h"
 
 #include <algorithm>
 #include <gst/pbutils/missing-plugins.h>
@@ -66,13 +67,14 @@ bool Playback::buildPipeline() {
     gst_object_ref_sink(playbin);
     ElementPtr pipeline(playbin);
     GstElement* audioSink = makeAudioSink();
-    if (!audioSink || !m_videoSink.element()) {
+    GstElement* textSink = makeTextSink(m_context.subtitles, m_settings.run);
+    if (!audioSink || !textSink || !m_videoSink.element()) {
         return false;
     }
     gst_object_ref_sink(audioSink);
     m_audioSink.reset(audioSink);
     g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
-                 nullptr);
+                 "text-sink", textSink, nullptr);
     setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity});
     noteActivity(m_videoSink.element(), "sink", m_lastActivity);
     noteActivity(audioSink, "sink", m_lastActivity);

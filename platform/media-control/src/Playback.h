@@ -9,6 +9,7 @@
 #include "PlayerStatus.h"
 #include "PlayerThread.h"
 #include "StreamSetup.h"
+#include "Subtitles.h"
 #include "VideoSink.h"
 
 #include <array>
@@ -32,6 +33,7 @@ struct PlaybackContext {
     PlayerStatus& status;
     Components& components;
     std::shared_ptr<Picture> picture;
+    std::shared_ptr<Subtitles> subtitles;
 };
 
 /** Everything here runs on the player's thread. */

@@ -88,7 +88,8 @@ void Playback::showSelection() {
         return; // the media's own choice
     }
     for (size_t type = 0; type < COMPONENT_TYPES; ++type) {
-        if (active[type] != before[type]) {
+        // Subtitles are the player's to tell of: it hides and shows them, whatever flows.
+        if (type != AV_COMPONENT_TYPE_SUBTITLE && active[type] != before[type]) {
             report(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED, static_cast<int>(type));
         }
     }

@@ -6,7 +6,7 @@
 namespace media {
 
 Player::Player(int handle)
-    : m_status(handle), m_subtitles(handle), m_picture(std::make_shared<Picture>(handle)),
+    : m_status(handle), m_subtitles(std::make_shared<Subtitles>(handle)), m_picture(std::make_shared<Picture>(handle)),
       m_thread(PlayerThread::start()) {
     m_thread->post([] { prepareGstreamer(); });
 }
@@ -22,7 +22,7 @@ bool Player::setSource(const std::string& url) {
         return false;
     }
     if (url != m_source) {
-        m_subtitles.startMedia();
+        m_subtitles->startMedia();
     }
     m_source = url;
     if (m_status.isStopped()) {
@@ -115,7 +115,7 @@ bool Player::select(AVComponentType type, int pid) {
 bool Player::selectDefault(AVComponentType type) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
     if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        const std::optional<int> pid = m_subtitles.preferred();
+        const std::optional<int> pid = preferredSubtitles(listComponents(type));
         return pid && selectSubtitles(pid);
     }
     const std::string stream = m_components.defaultStream(type);
@@ -125,7 +125,7 @@ bool Player::selectDefault(AVComponentType type) {
 bool Player::unselect(AVComponentType type, std::optional<int> pid) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
     if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        const std::optional<int> shown = m_subtitles.selected();
+        const std::optional<int> shown = m_subtitles->selected();
         return shown && (!pid || pid == shown) && selectSubtitles(std::nullopt);
     }
     const std::string active = m_components.active()[static_cast<size_t>(type)];
@@ -178,8 +178,8 @@ void Player::startPlayback(PlaybackSettings settings) {
     const std::string& failure = prepareGstreamer();
     if (failure.empty()) {
         startSubtitles(settings);
-        m_playback =
-            std::make_unique<Playback>(PlaybackContext{*m_thread, m_status, m_components, m_picture}, settings);
+        m_playback = std::make_unique<Playback>(
+            PlaybackContext{*m_thread, m_status, m_components, m_picture, m_subtitles}, settings);
         return;
     }
     MEDIA_LOG_ERROR(failure);

@@ -48,7 +48,7 @@ public:
 
     PlayerStatus& status() { return m_status; }
     const Picture& picture() const { return *m_picture; }
-    const Subtitles& subtitles() const { return m_subtitles; }
+    const Subtitles& subtitles() const { return *m_subtitles; }
 
     /** As Hbbtv_AL_MediaPlayerGetComponents. */
     std::vector<Hbbtv_AL_ComponentInfo> listComponents(AVComponentType type) const;
@@ -70,7 +70,7 @@ private:
 
     PlayerStatus m_status;
     Components m_components;
-    Subtitles m_subtitles;
+    const std::shared_ptr<Subtitles> m_subtitles;
     const std::shared_ptr<Picture> m_picture;
     const std::shared_ptr<PlayerThread> m_thread;
     std::mutex m_commandMutex; // guards all below but the last three, and the order of commands

@@ -2,6 +2,8 @@
 
 #include "MediaRequests.h"
 
+#include <algorithm>
+
 namespace media {
 namespace {
 
@@ -19,7 +21,7 @@ std::string resolved(const std::string& url, const std::string& media) {
 void Player::addSubtitle(const sub_properties_t& properties) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
     const std::string absolute = absoluteUrl(properties.url);
-    m_subtitles.add(properties, absolute.empty() ? properties.url : absolute);
+    m_subtitles->add(properties, absolute.empty() ? properties.url : absolute);
     post([](Player& player) {
         if (player.m_playback) {
             player.readSubtitles();
@@ -30,17 +32,26 @@ void Player::addSubtitle(const sub_properties_t& properties) {
 std::vector<Hbbtv_AL_ComponentInfo> Player::listComponents(AVComponentType type) const {
     std::vector<Hbbtv_AL_ComponentInfo> infos = m_components.list(type);
     if (type == AV_COMPONENT_TYPE_SUBTITLE && !m_status.isStopped()) {
-        const std::vector<Hbbtv_AL_ComponentInfo> tracks = m_subtitles.list();
+        const std::vector<Hbbtv_AL_ComponentInfo> tracks = m_subtitles->list();
         infos.insert(infos.end(), tracks.begin(), tracks.end());
+        for (Hbbtv_AL_ComponentInfo& info : infos) {
+            info.active = m_subtitles->selected() == info.pid ? 1 : 0; // a stream may flow without being shown
+        }
     }
     return infos;
 }
 
 bool Player::selectSubtitles(std::optional<int> pid) {
-    if (m_status.isStopped() || (pid && !m_subtitles.has(*pid))) {
+    const std::vector<Hbbtv_AL_ComponentInfo> infos = listComponents(AV_COMPONENT_TYPE_SUBTITLE);
+    const auto isMeant = [pid](const Hbbtv_AL_ComponentInfo& info) { return pid == info.pid; };
+    if (m_status.isStopped() || (pid && std::none_of(infos.begin(), infos.end(), isMeant))) {
         return false;
     }
-    if (m_subtitles.select(pid)) {
+    const std::string stream = pid ? m_components.streamOf(AV_COMPONENT_TYPE_SUBTITLE, *pid) : "";
+    if (!stream.empty()) {
+        postSelection(AV_COMPONENT_TYPE_SUBTITLE, stream);
+    }
+    if (m_subtitles->select(pid, stream)) {
         post([](Player& player) { player.tellSubtitlesSelected(); });
     }
     return true;
@@ -49,14 +60,14 @@ bool Player::selectSubtitles(std::optional<int> pid) {
 void Player::startSubtitles(const PlaybackSettings& settings) {
     m_subtitleReaders.clear();
     m_subtitleSettings = settings;
-    m_subtitles.retry();
+    m_subtitles->startRun(settings.run);
     readSubtitles();
 }
 
 void Player::readSubtitles() {
-    for (const Subtitles::Request& request : m_subtitles.takeRequests()) {
+    for (const Subtitles::Request& request : m_subtitles->takeRequests()) {
         const auto done = [this, track = request.track](SubtitleFile file) {
-            if (m_subtitles.finishRequest(track, std::move(file))) {
+            if (m_subtitles->finishRequest(track, std::move(file))) {
                 tellSubtitlesSelected();
             }
             m_picture->tellChange();

@@ -9,9 +9,8 @@
 namespace media {
 namespace {
 
-// From GStreamer's GstPlayFlags, which no header offers: video, audio, software volume. Without text: this player draws
-// no subtitles.
-constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x10;
+// From GStreamer's GstPlayFlags, which no header offers: video, audio, text, software volume.
+constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x04 | 0x10;
 constexpr guint PLAY_FLAG_DOWNLOAD = 0x80;
 constexpr guint PLAY_FLAG_BUFFERING = 0x100;
 

@@ -54,14 +54,19 @@ void Subtitles::add(const sub_properties_t& properties, const std::string& url) 
 
 void Subtitles::startMedia() {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_selected.reset();
+    clearSelection();
     for (Track& track : m_tracks) {
         track.info.pid = m_nextPid++;
     }
 }
 
-void Subtitles::retry() {
+void Subtitles::startRun(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    m_run = run;
+    m_streamCues.clear();
+    if (!m_selectedStream.empty()) {
+        clearSelection();
+    }
     for (Track& track : m_tracks) {
         if (track.state == State::BROKEN || track.state == State::ASKED) {
             track.state = State::UNREAD;
@@ -97,8 +102,15 @@ bool Subtitles::finishRequest(size_t number, SubtitleFile file) {
     if (m_selected != track.info.pid) {
         return false;
     }
-    m_selected.reset();
+    clearSelection();
     return true;
+}
+
+void Subtitles::addStreamCue(unsigned run, const std::string& stream, GstSample* sample) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_streamCues[stream].add(sample);
+    }
 }
 
 std::vector<Hbbtv_AL_ComponentInfo> Subtitles::list() const {
@@ -107,33 +119,16 @@ std::vector<Hbbtv_AL_ComponentInfo> Subtitles::list() const {
     for (const Track& track : m_tracks) {
         if (track.state != State::BROKEN) {
             infos.push_back(track.info);
-            infos.back().active = m_selected == track.info.pid ? 1 : 0;
         }
     }
     return infos;
 }
 
-std::optional<int> Subtitles::preferred() const {
-    // "de_DE.UTF-8", "de_DE", "de", "C"
-    const std::string wanted = languageCode(g_get_language_names()[0]);
-    const std::vector<Hbbtv_AL_ComponentInfo> infos = list();
-    if (infos.empty()) {
-        return std::nullopt;
-    }
-    const auto found =
-        std::find_if(infos.begin(), infos.end(), [&](const auto& info) { return wanted == info.language; });
-    return found == infos.end() ? infos.front().pid : found->pid;
-}
-
-bool Subtitles::has(int pid) const {
-    const std::vector<Hbbtv_AL_ComponentInfo> infos = list();
-    return std::any_of(infos.begin(), infos.end(), [pid](const auto& info) { return info.pid == pid; });
-}
-
-bool Subtitles::select(std::optional<int> pid) {
+bool Subtitles::select(std::optional<int> pid, const std::string& stream) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const bool isOther = m_selected != pid;
     m_selected = pid;
+    m_selectedStream = stream;
     return isOther;
 }
 
@@ -142,14 +137,33 @@ std::optional<int> Subtitles::selected() const {
     return m_selected;
 }
 
+void Subtitles::clearSelection() {
+    m_selected.reset();
+    m_selectedStream.clear();
+}
+
 std::string Subtitles::textAt(int64_t ms) const {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto stream = m_streamCues.find(m_selectedStream);
+    if (stream != m_streamCues.end()) {
+        return stream->second.textAt(ms);
+    }
     for (const Track& track : m_tracks) {
         if (m_selected == track.info.pid) {
             return track.cues.textAt(ms);
         }
     }
     return {};
+}
+
+std::optional<int> preferredSubtitles(const std::vector<Hbbtv_AL_ComponentInfo>& infos) {
+    if (infos.empty()) {
+        return std::nullopt;
+    }
+    const std::string wanted = languageCode(g_get_language_names()[0]); // "de_DE.UTF-8", "de_DE", "C"
+    const auto found =
+        std::find_if(infos.begin(), infos.end(), [&](const auto& info) { return wanted == info.language; });
+    return found == infos.end() ? infos.front().pid : found->pid;
 }
 
 } // namespace media
