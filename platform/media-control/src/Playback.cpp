@@ -102,7 +102,7 @@ gboolean Playback::onWatchdog(gpointer self) {
     const gint64 idle = g_get_monotonic_time() - *playback->m_lastActivity;
     if (playback->m_finished || !waitsForData) {
         *playback->m_lastActivity = g_get_monotonic_time();
-    } else if (idle > SPEED_LIMIT_US && playback->m_seeking && playback->m_seeking->rate != 1) {
+    } else if (idle > SPEED_LIMIT_US && (playback->m_seeking ? playback->m_seeking->rate : playback->m_rate) != 1) {
         playback->returnToNormalSpeed();
     } else if (idle > STALL_LIMIT_US) {
         playback->fail(PlaybackErrorCode::BAD_CONNECTION,

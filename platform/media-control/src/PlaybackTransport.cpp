@@ -1,5 +1,6 @@
 #include "Playback.h"
 
+#include "ElementSearch.h"
 #include "MediaTrace.h"
 
 #include <algorithm>
@@ -12,12 +13,12 @@ constexpr int FASTEST = 16;
 // Backwards, a decoder needs all pictures from one key frame to the next at once: beyond this it cannot keep up.
 constexpr int FASTEST_BACKWARDS_IN_FULL = 2;
 
-GstSeekFlags seekFlags(int rate) {
+GstSeekFlags seekFlags(int rate, bool onlyKeyUnits) {
     int flags = GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE;
     if (rate != 1) {
         flags |= GST_SEEK_FLAG_TRICKMODE | GST_SEEK_FLAG_TRICKMODE_NO_AUDIO;
     }
-    if (rate < -FASTEST_BACKWARDS_IN_FULL) {
+    if (onlyKeyUnits) {
         flags |= GST_SEEK_FLAG_TRICKMODE_KEY_UNITS;
     }
     return static_cast<GstSeekFlags>(flags);
@@ -25,11 +26,14 @@ GstSeekFlags seekFlags(int rate) {
 
 bool sendSeek(GstElement* pipeline, int rate, int64_t positionMs) {
     const gint64 position = positionMs * GST_MSECOND;
+    // DASH goes backwards by key frames for one segment, and then stalls.
+    const bool onlyKeyUnits = rate < -FASTEST_BACKWARDS_IN_FULL && findElements(pipeline, "dashdemux2").empty();
+    const GstSeekFlags flags = seekFlags(rate, onlyKeyUnits);
     // The end is set each time: the one of an earlier backward seek would stand.
-    return rate > 0 ? gst_element_seek(pipeline, rate, GST_FORMAT_TIME, seekFlags(rate), GST_SEEK_TYPE_SET, position,
+    return rate > 0 ? gst_element_seek(pipeline, rate, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET, position,
                                        GST_SEEK_TYPE_SET, static_cast<gint64>(GST_CLOCK_TIME_NONE))
-                    : gst_element_seek(pipeline, rate, GST_FORMAT_TIME, seekFlags(rate), GST_SEEK_TYPE_SET, 0,
-                                       GST_SEEK_TYPE_SET, position);
+                    : gst_element_seek(pipeline, rate, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET, 0, GST_SEEK_TYPE_SET,
+                                       position);
 }
 
 } // namespace
