@@ -1,11 +1,13 @@
 #include "CommandLine.h"
 
+#include "KeyboardHelp.h"
+
 #include <QCommandLineParser>
 #include <QtMath>
 
 namespace {
 
-const char* const usage = R"(Usage: tv-browser [options] URL|FILE|FOLDER
+const char* const usageHead = R"(Usage: tv-browser [options] URL|FILE|FOLDER
 
 Opens a page as an HbbTV television would. A file or folder (its index.html) is
 served over HTTP on this machine only.
@@ -13,7 +15,8 @@ served over HTTP on this machine only.
   --headless            no window, no display needed (also without DISPLAY)
   --mount NAME=FOLDER   serve FOLDER under /NAME/ too; may be repeated
   --keys LIST           press keys once the page is loaded, for example
-                        RIGHT,ENTER,wait:2,BACK (key names below)
+                        RIGHT,ENTER,wait:2,BACK (key names below); RIGHT:1.5
+                        holds the key for that many seconds
   --trace               print script calls, events to the page, and the player's
                         commands and reports, with seconds since the start
   --screenshot FILE     write the television's picture as PNG; without a window,
@@ -23,27 +26,19 @@ served over HTTP on this machine only.
   --exit-after SECONDS  end then, counted since the start
   --verdict             end when document.title is PASS (exit code 0) or starts
                         with FAIL (1), or with 1 at --exit-after (60)
-  --profile FOLDER      keep cookies and the pages' storage there; without it they
-                        end with the program. Its file user-agent, when there
-                        is one, holds the user agent
+  --profile FOLDER      keep cookies and the pages' storage there; without it
+                        they end with the program. Its file user-agent, when
+                        there is one, holds the user agent
   --first-start         empty the profile before
   --user-agent TEXT     user agent of page and media requests
   --trust FILE          accept a test server's own certificate too (PEM)
+  --no-spatial-navigation  the arrow keys do not move the focus by themselves
   --plugin-path FOLDER  folder of npavcontrol.so (../lib/npapi beside the program)
   --help, --version     print this, or the version
 
-Remote control          Keyboard              Remote control    Keyboard
-  LEFT UP RIGHT DOWN    arrow keys            RED               F2 or r
-  ENTER                 Enter                 GREEN             F3 or g
-  BACK                  Backspace or Escape   YELLOW            F4 or y
-  0 to 9                0 to 9                BLUE              F5 or b
-  PLAY                  p                     REWIND            , (comma)
-  PAUSE                 Space                 FAST_FWD          . (full stop)
-  STOP                  s                     INFO              i
-  TELETEXT              t                     SUBTITLE          u
-  full screen           F11
-The keyboard's own media keys work too, as do --keys PLAY_PAUSE, TRACK_PREV and
-TRACK_NEXT. A page gets the keys of its key set; at first these are all but
+)";
+
+const char* const usageTail = R"(A page gets the keys of its key set; at first these are all but
 TELETEXT and SUBTITLE.
 
 Environment
@@ -84,7 +79,8 @@ QString badSeconds(const QCommandLineParser& parser, const QString& option) {
 
 CommandLineResult parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* name : {"headless", "trace", "verdict", "first-start", "help", "version"}) {
+    for (const char* name :
+         {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "help", "version"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     }
     for (const char* name :
@@ -95,7 +91,8 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
         return refusal(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return {std::nullopt, QString::fromLatin1(usage), 0};
+        return {std::nullopt, QLatin1String(usageHead) + QLatin1String(keyboardHelpText()) + QLatin1String(usageTail),
+                0};
     }
     if (parser.isSet(QStringLiteral("version"))) {
         return {std::nullopt, QStringLiteral("tv-browser " TV_BROWSER_VERSION "\n"), 0};
@@ -113,6 +110,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     line.pluginFolder = parser.value(QStringLiteral("plugin-path"));
     line.profileFolder = parser.value(QStringLiteral("profile"));
     line.firstStart = parser.isSet(QStringLiteral("first-start"));
+    line.spatialNavigation = !parser.isSet(QStringLiteral("no-spatial-navigation"));
     line.userAgent = parser.value(QStringLiteral("user-agent"));
     line.trustFile = parser.value(QStringLiteral("trust"));
     line.screenshotFile = parser.value(QStringLiteral("screenshot"));
@@ -131,7 +129,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
         QString wrong;
         const auto steps = parseRemoteKeySteps(parser.value(keysOption), wrong);
         if (!steps) {
-            return refusal(QStringLiteral("--keys: \"%1\" is neither a key nor wait:SECONDS").arg(wrong));
+            return refusal(QStringLiteral("--keys: \"%1\" is neither a key, KEY:SECONDS, nor wait:SECONDS").arg(wrong));
         }
         line.keys = *steps;
     }

@@ -24,6 +24,7 @@ struct CommandLine {
     std::optional<double> exitAfter;       /**< seconds; always there with a verdict */
     QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
     bool headless = false;
+    bool spatialNavigation = true;
     bool firstStart = false; /**< the profile is emptied first */
     bool trace = false;
     bool verdict = false;

@@ -145,23 +145,20 @@ QString remoteKeyConstantsScript() {
 }
 
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong) {
-    static const QString waitPrefix = QStringLiteral("wait:");
+    constexpr double tap = 0.05;
     QList<RemoteKeyStep> steps;
     for (const QString& part : text.split(QLatin1Char(','))) {
-        const QString name = part.trimmed();
-        if (name.startsWith(waitPrefix, Qt::CaseInsensitive)) {
-            bool isNumber = false;
-            const double seconds = name.mid(waitPrefix.size()).toDouble(&isNumber);
-            if (isNumber && seconds >= 0) {
-                steps.append({nullptr, seconds});
-                continue;
-            }
-        } else if (const RemoteKey* key = remoteKeyNamed(name)) {
-            steps.append({key, 0});
-            continue;
+        const QString name = part.section(QLatin1Char(':'), 0, 0).trimmed();
+        const QString time = part.section(QLatin1Char(':'), 1);
+        bool isTime = false;
+        const double seconds = time.toDouble(&isTime);
+        const RemoteKey* key = remoteKeyNamed(name);
+        const bool isPause = name.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
+        if ((!key && !isPause) || (isTime ? seconds < 0 : isPause || part.contains(QLatin1Char(':')))) {
+            wrong = part.trimmed();
+            return std::nullopt;
         }
-        wrong = name;
-        return std::nullopt;
+        steps.append({key, isTime ? seconds : tap});
     }
     return steps;
 }

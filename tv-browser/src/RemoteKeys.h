@@ -47,12 +47,12 @@ QString remoteKeyConstantsScript();
 /** A step of a key sequence: a key to press, or a pause. */
 struct RemoteKeyStep {
     const RemoteKey* key; /**< null for a pause */
-    double waitSeconds;
+    double seconds;       /**< how long the key is held, or the pause lasts */
 };
 
 /**
- * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK".
- * @param wrong receives the first part that is neither a key's name nor `wait:SECONDS`
+ * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK:1.5".
+ * @param wrong receives the first part that is neither a key's name, `KEY:SECONDS`, nor `wait:SECONDS`
  */
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong);
 

@@ -1,8 +1,13 @@
 #include "Television.h"
 
+#include "KeyboardHelp.h"
+#include "RemotePanel.h"
+#include "TvPicture.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QShortcut>
 #include <QTimer>
 #include <QWebFrame>
 #include <algorithm>
@@ -10,7 +15,6 @@
 
 namespace {
 
-constexpr double keyHoldSeconds = 0.05;
 constexpr double keyGapSeconds = 0.1;
 
 void complain(const QString& text) {
@@ -38,7 +42,10 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
     if (!commandLine.headless) {
         m_window = std::make_unique<TvWindow>(m_screen);
         connect(m_window.get(), &TvWindow::remoteKey, this, &Television::sendKey);
+        addRemoteControl();
     }
+    connect(&m_heldKey, &KeyHold::remoteKey, this, &Television::sendKey);
+    m_page.setSpatialNavigation(commandLine.spatialNavigation);
 }
 
 Television::~Television() {
@@ -70,6 +77,19 @@ int Television::run(const QString& pluginModule) {
     }
     m_page.open(url);
     return QCoreApplication::exec();
+}
+
+/** The keyboard's table and the remote control on the screen. */
+void Television::addRemoteControl() {
+    auto* help = new KeyboardHelp(&m_window->picture());
+    connect(new QShortcut(Qt::Key_F1, m_window.get()), &QShortcut::activated, help, &KeyboardHelp::toggle);
+
+    auto* remote = new RemotePanel(m_commandLine.spatialNavigation);
+    connect(remote, &RemotePanel::remoteKey, this, &Television::sendKey);
+    connect(remote, &RemotePanel::spatialNavigationSwitched, &m_page, &TvPage::setSpatialNavigation);
+    m_window->addPanel(remote, TvWindow::Side::LEFT);
+    connect(new QShortcut(Qt::Key_F6, m_window.get()), &QShortcut::activated, this,
+            [this, remote] { m_window->showPanel(*remote, !remote->isVisibleTo(m_window.get())); });
 }
 
 /** Finds the address to open, and starts the server for what is local. */
@@ -161,12 +181,12 @@ void Television::pressNextKey() {
     }
     const RemoteKeyStep& step = m_commandLine.keys[m_nextKey++];
     if (!step.key) {
-        QTimer::singleShot(toMilliseconds(step.waitSeconds), this, &Television::pressNextKey);
+        QTimer::singleShot(toMilliseconds(step.seconds), this, &Television::pressNextKey);
         return;
     }
-    sendKey(*step.key, true, false);
-    QTimer::singleShot(toMilliseconds(keyHoldSeconds), this, [this, key = step.key] { sendKey(*key, false, false); });
-    QTimer::singleShot(toMilliseconds(keyHoldSeconds + keyGapSeconds), this, &Television::pressNextKey);
+    m_heldKey.press(*step.key);
+    QTimer::singleShot(toMilliseconds(step.seconds), &m_heldKey, &KeyHold::release);
+    QTimer::singleShot(toMilliseconds(step.seconds + keyGapSeconds), this, &Television::pressNextKey);
 }
 
 void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {

@@ -5,6 +5,7 @@
 #define TELEVISION_H
 
 #include "CommandLine.h"
+#include "KeyHold.h"
 #include "LoopbackServer.h"
 #include "Profile.h"
 #include "TraceLog.h"
@@ -34,6 +35,7 @@ public:
     int run(const QString& pluginModule);
 
 private:
+    void addRemoteControl();
     bool serve(QUrl& url);
     QString addressName(const QUrl& url) const;
     void pageLoaded();
@@ -53,6 +55,7 @@ private:
     TvPage m_page;
     TvScreen m_screen;
     std::unique_ptr<TvWindow> m_window;
+    KeyHold m_heldKey; ///< of the command line's keys
     QString m_serverAddress;
     int m_nextKey = 0;
     bool m_wasLoaded = false;

@@ -44,6 +44,10 @@ void TvPage::setAddressNames(std::function<QString(const QUrl&)> nameOf) {
     m_nameOf = std::move(nameOf);
 }
 
+void TvPage::setSpatialNavigation(bool on) {
+    settings()->setAttribute(QWebSettings::SpatialNavigationEnabled, on);
+}
+
 void TvPage::open(const QUrl& url) {
     mainFrame()->load(url);
 }

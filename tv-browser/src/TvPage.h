@@ -26,6 +26,9 @@ public:
     /** Sets how addresses are written in messages to the page's author. */
     void setAddressNames(std::function<QString(const QUrl&)> nameOf);
 
+    /** Whether the arrow keys move the focus when the page has no other use for them. */
+    void setSpatialNavigation(bool on);
+
     /** Starts loading; loaded() or loadFailed() follows. */
     void open(const QUrl& url);
 

@@ -1,0 +1,73 @@
+// The remote control on the screen, clicked with the mouse.
+#include "RemoteKeys.h"
+#include "RemotePanel.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Event {
+    std::string key;
+    bool pressed;
+    bool isRepeat;
+
+    bool operator==(const Event& other) const {
+        return key == other.key && pressed == other.pressed && isRepeat == other.isRepeat;
+    }
+};
+
+class RemotePanelTest : public testing::Test {
+protected:
+    RemotePanelTest() {
+        QObject::connect(&m_panel, &RemotePanel::remoteKey, [this](const RemoteKey& key, bool pressed, bool isRepeat) {
+            m_events.push_back({key.name, pressed, isRepeat});
+        });
+        m_panel.show();
+    }
+
+    void mouse(QEvent::Type type, const char* key) {
+        auto* button = m_panel.findChild<QPushButton*>(QString::fromLatin1(key));
+        ASSERT_TRUE(button) << key;
+        const Qt::MouseButtons buttons = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, button->rect().center(), Qt::LeftButton, buttons, Qt::NoModifier);
+        QApplication::sendEvent(button, &event);
+    }
+
+    RemotePanel m_panel{true};
+    std::vector<Event> m_events;
+};
+
+TEST_F(RemotePanelTest, AClickIsAPressAndARelease) {
+    for (const char* key : {"ENTER", "RED", "FAST_FWD"}) {
+        m_events.clear();
+        mouse(QEvent::MouseButtonPress, key);
+        mouse(QEvent::MouseButtonRelease, key);
+        EXPECT_EQ(m_events, (std::vector<Event>{{key, true, false}, {key, false, false}}));
+    }
+}
+
+TEST_F(RemotePanelTest, AHeldButtonRepeatsUntilItIsReleased) {
+    mouse(QEvent::MouseButtonPress, "DOWN");
+    QElapsedTimer patience;
+    patience.start();
+    while (m_events.size() < 4 && patience.elapsed() < 20'000) {
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    mouse(QEvent::MouseButtonRelease, "DOWN");
+    ASSERT_GE(m_events.size(), 5U);
+    EXPECT_EQ(m_events.front(), (Event{"DOWN", true, false}));
+    EXPECT_EQ(m_events[1], (Event{"DOWN", true, true}));
+    EXPECT_EQ(m_events.back(), (Event{"DOWN", false, false}));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,31 @@
+/**
+ * A key of the remote control while a finger is on it: as long as it is held, it comes again and again.
+ */
+#ifndef KEYHOLD_H
+#define KEYHOLD_H
+
+#include <QObject>
+#include <QTimer>
+
+struct RemoteKey;
+
+class KeyHold : public QObject {
+    Q_OBJECT
+public:
+    explicit KeyHold(QObject* parent = nullptr);
+
+    /** Presses a key; one that is still held is released before. */
+    void press(const RemoteKey& key);
+
+    /** Releases the key, if one is held. */
+    void release();
+
+signals:
+    void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
+
+private:
+    const RemoteKey* m_key = nullptr;
+    QTimer m_repeat;
+};
+
+#endif

@@ -1,0 +1,39 @@
+#include "KeyboardHelp.h"
+
+#include <QFontDatabase>
+
+const char* keyboardHelpText() {
+    return R"(Remote control          Keyboard              Remote control    Keyboard
+  LEFT UP RIGHT DOWN    arrow keys            RED               F2 or r
+  ENTER                 Enter                 GREEN             F3 or g
+  BACK                  Backspace or Escape   YELLOW            F4 or y
+  0 to 9                0 to 9                BLUE              F5 or b
+  PLAY                  p                     REWIND            , (comma)
+  PAUSE                 Space                 FAST_FWD          . (full stop)
+  STOP                  s                     INFO              i
+  TELETEXT              t                     SUBTITLE          u
+  PLAY_PAUSE, TRACK_PREV, TRACK_NEXT          the keyboard's own media keys
+Window                  Keyboard              Window            Keyboard
+  this table            F1                    remote control    F6
+  full screen           F11
+)";
+}
+
+KeyboardHelp::KeyboardHelp(QWidget* picture) : QLabel(QString::fromLatin1(keyboardHelpText()).trimmed(), picture) {
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setTextFormat(Qt::PlainText);
+    setMargin(16);
+    setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white;"));
+    hide();
+}
+
+void KeyboardHelp::toggle() {
+    adjustSize();
+    move((parentWidget()->width() - width()) / 2, (parentWidget()->height() - height()) / 2);
+    raise();
+    setVisible(!isVisible());
+}
+
+void KeyboardHelp::mousePressEvent(QMouseEvent*) {
+    hide();
+}

@@ -1,0 +1,26 @@
+/**
+ * What the keys of the keyboard do: one text, for --help and for the window.
+ */
+#ifndef KEYBOARDHELP_H
+#define KEYBOARDHELP_H
+
+#include <QLabel>
+
+/** @return a table in lines of at most 80 characters, made for a fixed-width font */
+const char* keyboardHelpText();
+
+/** The table over the television's picture, until a click or the key that has brought it. */
+class KeyboardHelp : public QLabel {
+    Q_OBJECT
+public:
+    /** @param picture what it lies on; takes it */
+    explicit KeyboardHelp(QWidget* picture);
+
+    /** Shows it in the middle of the picture, or hides it. */
+    void toggle();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+};
+
+#endif
