@@ -3,9 +3,9 @@
 
 document.body.style.cssText = 'margin: 0; background: #333333';
 
-function newSubtitledObject(data, descriptions, place) {
+function newSubtitledObject(data, descriptions, place, type) {
   var video = document.createElement('object');
-  video.type = 'video/mp4';
+  video.type = type || 'video/mp4';
   video.width = 400;
   video.height = 225;
   video.style.cssText = 'position: absolute; left: ' + place[0] + 'px; top: ' + place[1] + 'px';
