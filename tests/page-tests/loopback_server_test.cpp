@@ -112,6 +112,11 @@ TEST_F(LoopbackServerTest, MakesAFilmsPlaylistALiveOne) {
     EXPECT_NE(later.find("#EXT-X-MEDIA-SEQUENCE:3\n#EXT-X-DISCONTINUITY-SEQUENCE:1\n#EXTINF:3,\n2.ts\n"),
               std::string::npos)
         << later;
+    EXPECT_EQ(
+        liveList("#EXTM3U\n#EXT-X-MEDIA:TYPE=AUDIO,URI=\"a.m3u8\",NAME=\"x\"\n#EXT-X-STREAM-INF:BANDWIDTH=1\nv.m3u8\n",
+                 1),
+        "#EXTM3U\n#EXT-X-MEDIA:TYPE=AUDIO,URI=\"a.m3u8?live\",NAME=\"x\"\n#EXT-X-STREAM-INF:BANDWIDTH=1\nv.m3u8?"
+        "live\n");
 }
 
 TEST_F(LoopbackServerTest, AnswersOnlyToItsOwnName) {

@@ -1,5 +1,6 @@
 #include "LiveList.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <sstream>
 #include <vector>
@@ -17,9 +18,28 @@ bool startsWith(const std::string& line, const char* start) {
     return line.rfind(start, 0) == 0;
 }
 
+/** @return a master playlist whose media playlists are live ones */
+std::string liveMaster(const std::string& playlist) {
+    std::string result;
+    std::istringstream input(playlist);
+    for (std::string line; std::getline(input, line);) {
+        const size_t attribute = line.find("URI=\"");
+        if (!line.empty() && line[0] != '#') {
+            line += "?live";
+        } else if (attribute != std::string::npos) {
+            line.insert(std::min(line.find('"', attribute + 5), line.size()), "?live");
+        }
+        result += line + '\n';
+    }
+    return result;
+}
+
 } // namespace
 
 std::string liveList(const std::string& playlist, double elapsedSeconds) {
+    if (playlist.find("#EXT-X-STREAM-INF") != std::string::npos) {
+        return liveMaster(playlist);
+    }
     std::string head;
     std::string lines; // of the segment that begins
     std::vector<Segment> segments;

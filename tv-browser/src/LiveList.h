@@ -7,7 +7,7 @@
 /**
  * Lists what a live stream offers: the segments that a film's playlist names, over and over, of which the last few are
  * offered at any time.
- * @param playlist       media playlist of a film; a master playlist is returned as it is
+ * @param playlist       media playlist of a film; or a master playlist, whose media playlists get a `?live`
  * @param elapsedSeconds since the live stream began
  */
 std::string liveList(const std::string& playlist, double elapsedSeconds);

@@ -18,7 +18,7 @@ struct ServerFaultRule {
 };
 
 /**
- * Any file's address takes `?fault=...` (see parseServerFault), and that of an HLS media playlist `?live`, which makes
+ * Any file's address takes `?fault=...` (see parseServerFault), and that of an HLS playlist `?live`, which makes
  * it the list of a live stream that began with the server.
  */
 class LoopbackServer {
