@@ -8,18 +8,17 @@ namespace {
 // A server that is silent keeps its pipeline from ever prerolling; by then it is past the dangerous moments.
 constexpr guint PREROLL_LIMIT_MS = 2000;
 
-// What cancelled downloads take to let go of their connections.
-constexpr guint CANCEL_MS = 200;
+// By then the segments that are being loaded are there, unless the server is slow.
+constexpr guint DOWNLOAD_LIMIT_MS = 1000;
 
 /**
- * Makes adaptive demuxers cancel what they download. One that is shut down in the middle of a download never gives its
- * connection back: cancelling needs its own thread, which the shutdown ends first.
+ * Makes adaptive demuxers load no more than they are at. One that is shut down in the middle of a download never gives
+ * its connection back: cancelling needs its own thread, which the shutdown ends first.
  */
-void cancelDownloads(const std::vector<ElementPtr>& demuxers) {
+void endDownloads(const std::vector<ElementPtr>& demuxers) {
+    constexpr guint64 NOTHING_MORE = 1;
     for (const ElementPtr& demuxer : demuxers) {
-        const PadPtr pad(gst_element_get_static_pad(demuxer.get(), "sink"));
-        gst_pad_send_event(pad.get(), gst_event_new_flush_start());
-        gst_pad_send_event(pad.get(), gst_event_new_flush_stop(TRUE));
+        g_object_set(demuxer.get(), "max-buffering-time", NOTHING_MORE, "high-watermark-time", NOTHING_MORE, nullptr);
     }
 }
 
@@ -45,11 +44,12 @@ public:
         gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
     }
 
-    void endDownloads() {
+    void waitForDownloads() {
         m_watch.reset();
+        gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
         const auto demuxers = findAdaptiveDemuxers(m_pipeline.get());
-        cancelDownloads(demuxers);
-        startTimer(demuxers.empty() ? 0 : CANCEL_MS, &EndingPipeline::onCancelled);
+        endDownloads(demuxers);
+        startTimer(demuxers.empty() ? 0 : DOWNLOAD_LIMIT_MS, &EndingPipeline::onDownloadLimit);
     }
 
 private:
@@ -64,16 +64,16 @@ private:
         if (type != GST_MESSAGE_ASYNC_DONE && type != GST_MESSAGE_ERROR && type != GST_MESSAGE_EOS) {
             return G_SOURCE_CONTINUE;
         }
-        static_cast<EndingPipeline*>(self)->endDownloads();
+        static_cast<EndingPipeline*>(self)->waitForDownloads();
         return G_SOURCE_REMOVE;
     }
 
     static gboolean onPrerollLimit(gpointer self) {
-        static_cast<EndingPipeline*>(self)->endDownloads();
+        static_cast<EndingPipeline*>(self)->waitForDownloads();
         return G_SOURCE_REMOVE;
     }
 
-    static gboolean onCancelled(gpointer self) {
+    static gboolean onDownloadLimit(gpointer self) {
         delete static_cast<EndingPipeline*>(self);
         return G_SOURCE_REMOVE;
     }
@@ -96,7 +96,7 @@ void endPipeline(PlayerThread& thread, ElementPtr pipeline, bool settled) {
     thread.post([&thread, settled, handedOver = pipeline.release()] {
         auto* ending = new EndingPipeline(thread, ElementPtr(handedOver));
         if (settled) {
-            ending->endDownloads();
+            ending->waitForDownloads();
         } else {
             ending->waitForPreroll();
         }

@@ -3,7 +3,7 @@
 namespace media {
 namespace {
 
-constexpr std::chrono::milliseconds EXIT_LIMIT(3000);
+constexpr std::chrono::milliseconds EXIT_LIMIT(3500);
 
 } // namespace
 
