@@ -18,7 +18,7 @@ QByteArray resource(const char* name) {
 QString composeScript() {
     QByteArray script = "(function(television) { delete window.television; var objects = {};\n";
     for (const char* name : {"embedded-objects.js", "application-manager.js", "configuration.js", "capabilities.js",
-                             "drm-agent.js", "broadcast.js", "media-object.js", "object-factory.js"}) {
+                             "drm-agent.js", "broadcast.js", "media-object.js", "object-factory.js", "dialogs.js"}) {
         script += '(' + resource(name) + ")(objects, television);\n";
     }
     return QString::fromUtf8(script + "})(window.television);");

@@ -9,6 +9,12 @@
 #include <QWebFrame>
 #include <cstdio>
 
+namespace {
+
+constexpr int mostDialogs = 20;
+
+} // namespace
+
 TvPage::TvPage(Profile& profile)
     : m_profile(profile), m_application(*mainFrame()), m_network(m_pluginAddresses),
       m_nameOf([](const QUrl& url) { return url.toString(); }), m_playerRequests(profile, *mainFrame()) {
@@ -89,6 +95,7 @@ void TvPage::addFrame(QWebFrame* frame) {
     connect(frame, &QWebFrame::javaScriptWindowObjectCleared, this, [this, frame] {
         if (frame == mainFrame()) {
             m_application.reset();
+            m_dialogs = 0;
         }
         frame->evaluateJavaScript(remoteKeyConstantsScript());
         installEmbeddedObjects(*frame, m_application);
@@ -128,8 +135,12 @@ void TvPage::printConsoleMessage(MessageSource, MessageLevel level, const QStrin
 }
 
 void TvPage::printDialog(const char* kind, const QString& message, const QString& answer) {
-    std::fprintf(stderr, "%s: %s(\"%s\")%s\n", qUtf8Printable(m_nameOf(mainFrame()->url())), kind,
-                 qUtf8Printable(message), qUtf8Printable(answer));
+    if (++m_dialogs > mostDialogs) {
+        return;
+    }
+    std::fprintf(stderr, "%s: %s(\"%s\")%s%s\n", qUtf8Printable(m_nameOf(mainFrame()->url())), kind,
+                 qUtf8Printable(message), qUtf8Printable(answer),
+                 m_dialogs == mostDialogs ? "; the further dialogs of this page are not printed" : "");
 }
 
 void TvPage::javaScriptAlert(QWebFrame*, const QString& message) {

@@ -74,6 +74,7 @@ private:
     EngineNetwork m_network;
     std::function<QString(const QUrl&)> m_nameOf;
     PlayerRequests m_playerRequests;
+    int m_dialogs = 0; ///< that the present page has opened
     QString m_failure; ///< why the main frame's document did not come
 };
 

@@ -5,6 +5,7 @@
 
 #include "AsyncCalls.h"
 #include "HbbTVExport.h"
+#include "PageCall.h"
 #include "PageCallTrace.h"
 #include "PageFunction.h"
 
@@ -114,7 +115,7 @@ HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* a
                                     NPVariant* result) {
     const PageCallTrace trace(npp, npobj, args, argCount);
     NPObject* function = pageFunctionBehind(npp, npobj);
-    const bool succeeded = function && functions.invokeDefault(npp, function, args, argCount, result);
+    const bool succeeded = function && callPageFunction(npp, function, args, argCount, result);
     NPN_ReleaseObject(function);
     return trace.finished(succeeded);
 }
