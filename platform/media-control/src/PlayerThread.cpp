@@ -1,6 +1,9 @@
 #include "PlayerThread.h"
 
 #include <condition_variable>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #include <thread>
 
 namespace media {
@@ -66,6 +69,9 @@ void PlayerThread::run() {
         runTasks();
     }
     g_main_context_pop_thread_default(m_context);
+#ifdef __GLIBC__
+    malloc_trim(0); // else the heaps of the pipelines' many threads keep what they once needed
+#endif
 }
 
 void PlayerThread::runTasks() {
