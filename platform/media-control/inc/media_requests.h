@@ -37,6 +37,14 @@ void mediaRequestsSetCookieCallback(MediaRequestsCookieCallback callback, void* 
  */
 void mediaRequestsSetBaseUrl(const char* url);
 
+/**
+ * Makes https servers trusted whose certificate is in a file, or is signed by one of it, beside those that the system
+ * trusts. Holds for all connections of the process that go through GLib, for ever. To be called before the first media.
+ * @param pemFile path of a PEM file with one certificate or several
+ * @return 1, or 0 when the file cannot be used, which an error line then explains
+ */
+int mediaRequestsTrustCertificate(const char* pemFile);
+
 #ifdef __cplusplus
 }
 #endif

@@ -2,6 +2,8 @@
 
 #include "Export.h"
 #include "GstPointer.h"
+#include "MediaLog.h"
+#include "TrustedCertificates.h"
 #include "media_requests.h"
 
 #include <cstdlib>
@@ -86,4 +88,12 @@ MEDIA_EXPORT void mediaRequestsSetCookieCallback(MediaRequestsCookieCallback cal
 MEDIA_EXPORT void mediaRequestsSetBaseUrl(const char* url) {
     const std::lock_guard<std::mutex> lock(media::settings().mutex);
     media::settings().baseUrl = url ? url : "";
+}
+
+MEDIA_EXPORT int mediaRequestsTrustCertificate(const char* pemFile) {
+    const std::string problem = media::trustCertificates(pemFile ? pemFile : "");
+    if (!problem.empty()) {
+        MEDIA_LOG_ERROR(problem);
+    }
+    return problem.empty() ? 1 : 0;
 }
