@@ -29,6 +29,12 @@ std::string encodingName(const GstStructure* format) {
     if (media == "video/x-h265") {
         return "HEVC";
     }
+    if (media == "application/x-subtitle-vtt") {
+        return "WEBVTT";
+    }
+    if (media == "text/x-raw") {
+        return {}; // read already: the format that it had is not told
+    }
     std::string name = media.substr(media.find('/') + 1);
     if (name.rfind("x-", 0) == 0) {
         name.erase(0, 2);
@@ -81,6 +87,16 @@ Hbbtv_AL_ComponentInfo describe(GstStream* stream, AVComponentType type) {
     return info;
 }
 
+/** @return false for the subtitle streams that are pictures or teletext, which this player does not draw */
+bool isText(GstStream* stream) {
+    const CapsPtr caps(gst_stream_get_caps(stream));
+    if (!caps || gst_caps_is_empty(caps.get()) || gst_caps_is_any(caps.get())) {
+        return true;
+    }
+    const char* format = gst_structure_get_name(gst_caps_get_structure(caps.get(), 0));
+    return !g_str_has_prefix(format, "subpicture/") && !g_str_equal(format, "application/x-teletext");
+}
+
 } // namespace
 
 AVComponentType componentType(GstStream* stream) {
@@ -91,7 +107,7 @@ AVComponentType componentType(GstStream* stream) {
     if (type & GST_STREAM_TYPE_AUDIO) {
         return AV_COMPONENT_TYPE_AUDIO;
     }
-    return type & GST_STREAM_TYPE_TEXT ? AV_COMPONENT_TYPE_SUBTITLE : AV_COMPONENT_TYPE_INVALID;
+    return type & GST_STREAM_TYPE_TEXT && isText(stream) ? AV_COMPONENT_TYPE_SUBTITLE : AV_COMPONENT_TYPE_INVALID;
 }
 
 void Components::open(unsigned run, const std::string& url) {

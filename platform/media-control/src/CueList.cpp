@@ -18,7 +18,7 @@ constexpr int64_t DEFAULT_DURATION_MS = 5000;
 void CueList::add(GstSample* sample) {
     GstBuffer* buffer = gst_sample_get_buffer(sample);
     const GstCaps* caps = gst_sample_get_caps(sample);
-    if (!buffer || !caps) {
+    if (!buffer || !caps || !gst_structure_has_name(gst_caps_get_structure(caps, 0), "text/x-raw")) {
         return;
     }
     // In full: after a seek, a cue may have begun before the place that was sought.

@@ -179,9 +179,6 @@ std::string tidied(std::string_view text) {
 } // namespace
 
 CueFormat cueFormat(const GstCaps* caps) {
-    if (gst_caps_is_empty(caps)) {
-        return CueFormat::PLAIN;
-    }
     if (gst_caps_features_contains(gst_caps_get_features(caps, 0), "meta:GstSubtitleMeta")) {
         return CueFormat::BLOCKS;
     }

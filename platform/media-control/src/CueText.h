@@ -14,7 +14,7 @@ enum class CueFormat {
     BLOCKS  /**< of ttmlparse: plain text, a memory for each run of one style */
 };
 
-/** @return the format that the caps of a text stream announce */
+/** @param caps of a text stream, text/x-raw */
 CueFormat cueFormat(const GstCaps* caps);
 
 /** @return lines with balanced <b>, <i> and <u>, escaped; empty when the cue shows nothing */
