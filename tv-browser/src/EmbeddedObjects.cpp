@@ -33,6 +33,7 @@ void installEmbeddedObjects(QWebFrame& frame, OwnerApplication& application) {
 }
 
 QUrl embeddedObjectsStyleSheet() {
-    return QUrl(QStringLiteral("data:text/css;base64,") +
+    // The engine knows this form of a data address only.
+    return QUrl(QStringLiteral("data:text/css;charset=utf-8;base64,") +
                 QString::fromLatin1(resource("embedded-objects.css").toBase64()));
 }
