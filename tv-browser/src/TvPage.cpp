@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QNetworkReply>
 #include <QPalette>
+#include <QSslError>
 #include <QWebFrame>
 #include <cstdio>
 
@@ -41,6 +42,7 @@ TvPage::TvPage(Profile& profile)
     connect(this, &QWebPage::consoleMessageReceived, this, &TvPage::printConsoleMessage);
     connect(this, &QWebPage::loadFinished, this, &TvPage::loadEnded);
     connect(&m_network, &QNetworkAccessManager::finished, this, &TvPage::replyFinished);
+    connect(&m_network, &QNetworkAccessManager::sslErrors, this, &TvPage::certificateRefused);
 
     QFocusEvent focus(QEvent::FocusIn);
     event(&focus);
@@ -115,6 +117,12 @@ void TvPage::replyFinished(QNetworkReply* reply) {
                         .arg(status)
                         .arg(reply->attribute(QNetworkRequest::HttpReasonPhraseAttribute).toString());
     }
+}
+
+void TvPage::certificateRefused(QNetworkReply* reply, const QList<QSslError>& errors) {
+    std::fprintf(stderr,
+                 "tv-browser: the certificate of %s is refused: %s; if it is your test server's own, use --trust\n",
+                 qUtf8Printable(reply->url().host()), qUtf8Printable(errors.constFirst().errorString()));
 }
 
 void TvPage::loadEnded(bool ok) {

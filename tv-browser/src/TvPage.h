@@ -63,6 +63,7 @@ protected:
 private:
     void addFrame(QWebFrame* frame);
     void replyFinished(QNetworkReply* reply);
+    static void certificateRefused(QNetworkReply* reply, const QList<QSslError>& errors);
     void loadEnded(bool ok);
     void printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
                              const QString& address);
