@@ -10,8 +10,10 @@ namespace {
 // A page may ask for a window of any size; larger pictures are left to the compositor to scale.
 constexpr double MAX_PIXELS = 1920.0 * 1080.0;
 
-// A converter that letterboxes, and a sink that drops frames which come more than 20 ms late.
-constexpr const char* DESCRIPTION = "videoconvertscale add-borders=true ! capsfilter name=filter ! "
+// First the size, with letterbox, then the colours: each has a fast path, which one element for both has not. The sink
+// drops frames that come more than 20 ms late.
+constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter name=filter ! "
+                                    "videoconvert ! video/x-raw,format=BGRx ! "
                                     "appsink name=sink max-buffers=1 drop=true qos=true max-lateness=20000000";
 
 struct FrameTarget {
@@ -53,7 +55,7 @@ VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, unsigned run) : m_
 }
 
 void VideoSink::fitWindow() {
-    const CapsPtr caps(gst_caps_from_string("video/x-raw,format=BGRx,pixel-aspect-ratio=1/1"));
+    const CapsPtr caps(gst_caps_from_string("video/x-raw,pixel-aspect-ratio=1/1"));
     const MediaPictureWindow window = m_picture->window();
     if (window.width > 0 && window.height > 0) {
         const double pixels = static_cast<double>(window.width) * window.height;
