@@ -51,16 +51,20 @@ function newObject(data, type) {
 }
 
 // Runs steps one after the other. Each gets the function that it calls when it is done.
-function run(steps) {
+function runSteps(steps, done) {
   var next = function() {
     var step = steps.shift();
     if (step) {
       step(next);
     } else {
-      pass();
+      done();
     }
   };
   next();
+}
+
+function run(steps) {
+  runSteps(steps, pass);
 }
 
 // A step that waits until a condition holds, at most 20 seconds. With `video`, a failure names the states it was told.

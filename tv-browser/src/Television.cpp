@@ -37,6 +37,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
             [] { complain(QStringLiteral("the application has ended itself with destroyApplication()")); });
     connect(&m_page, &TvPage::loadFailed, this, &Television::pageFailed);
     if (commandLine.verdict) {
+        m_probe = std::make_unique<ScreenProbe>(m_screen, *m_page.mainFrame());
         connect(m_page.mainFrame(), &QWebFrame::titleChanged, this, &Television::titleChanged);
     }
     if (!commandLine.headless) {

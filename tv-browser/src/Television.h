@@ -8,6 +8,7 @@
 #include "KeyHold.h"
 #include "LoopbackServer.h"
 #include "Profile.h"
+#include "ScreenProbe.h"
 #include "TraceLog.h"
 #include "TvPage.h"
 #include "TvScreen.h"
@@ -54,6 +55,7 @@ private:
     Profile m_profile;
     TvPage m_page;
     TvScreen m_screen;
+    std::unique_ptr<ScreenProbe> m_probe;
     std::unique_ptr<TvWindow> m_window;
     KeyHold m_heldKey; ///< of the command line's keys
     QString m_serverAddress;
