@@ -176,9 +176,9 @@ struct Traces {
     }
 };
 
-/** Starts and stops at all moments of a start. */
-inline void stopAtAnyMoment(const std::string& url, int firstMs, int lastMs, int stepMs) {
-    const auto round = [&url](int delayMs) {
+/** Starts and stops each address in turn, later and later after its start. */
+inline void stopAtAnyMoment(const std::vector<std::string>& urls, int lastMs, int stepMs) {
+    const auto round = [](const std::string& url, int delayMs) {
         TestPlayer player;
         for (int i = 0; i < 3; ++i) {
             player.start(url);
@@ -195,11 +195,14 @@ inline void stopAtAnyMoment(const std::string& url, int firstMs, int lastMs, int
         player.start(url);
         std::this_thread::sleep_for(milliseconds(delayMs));
     };
-    round(500); // what stays for good is there after the first
+    for (const std::string& url : urls) {
+        round(url, 300); // what stays for good is there after the first
+    }
     std::this_thread::sleep_for(milliseconds(2500));
     const Traces before;
-    for (int delayMs = firstMs; delayMs < lastMs; delayMs += stepMs) {
-        round(delayMs);
+    size_t next = 0;
+    for (int delayMs = 0; delayMs < lastMs; delayMs += stepMs) {
+        round(urls[next++ % urls.size()], delayMs);
     }
     before.expectNoMore();
 }

@@ -140,5 +140,5 @@ TEST_F(Player, PlaysTwoFilmsAtOnce) {
 }
 
 TEST_F(Player, SurvivesStopAndCloseAtAnyMomentAndLeavesNothingBehind) {
-    stopAtAnyMoment(filmUrl, 0, 120, 3);
+    stopAtAnyMoment({filmUrl}, 120, 6);
 }

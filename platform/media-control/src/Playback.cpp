@@ -17,7 +17,7 @@ namespace media {
 namespace {
 
 constexpr guint WATCHDOG_PERIOD_MS = 500;
-constexpr gint64 STALL_LIMIT_US = 15'000'000;
+constexpr gint64 STALL_LIMIT_US = 10'000'000;
 constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another speed
 
 // An end that comes earlier than this before the duration means that data is missing.
@@ -269,6 +269,7 @@ void Playback::fail(PlaybackErrorCode code, const std::string& cause) {
 void Playback::releasePipeline() {
     m_busWatch.reset();
     m_watchdog.reset();
+    m_refreshTimer.reset();
     if (m_pipeline) {
         endPipeline(m_context.thread, std::move(m_pipeline), m_prerolled || m_errorSeen);
     }

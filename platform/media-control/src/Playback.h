@@ -105,6 +105,7 @@ private:
     void onStreamCollection(GstMessage* message);
     void onStreamsSelected(GstMessage* message);
     void issueSelection();
+    void refreshSoon();
     void showSelection();
 
     const PlaybackContext m_context;
@@ -115,6 +116,7 @@ private:
     ElementPtr m_pipeline; // null when there is none any more
     SourcePtr m_busWatch;
     SourcePtr m_watchdog;
+    SourcePtr m_refreshTimer;
 
     bool m_prerolled = false;  // the pipeline has had its first picture: it can be shut down at once
     bool m_errorSeen = false;  // so has one that failed

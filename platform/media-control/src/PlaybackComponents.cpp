@@ -1,8 +1,16 @@
 #include "Playback.h"
 
+#include "ElementSearch.h"
+
 #include <utility>
 
 namespace media {
+namespace {
+
+// Enough to begin loading, and little enough for a change to be heard within half a second.
+constexpr guint SELECTED_STREAM_STARTS_MS = 200;
+
+} // namespace
 
 void Playback::select(AVComponentType type, const std::string& stream) {
     if (!acceptsCommands()) {
@@ -43,9 +51,24 @@ void Playback::onStreamsSelected(GstMessage* message) {
     }
     showSelection();
     if (m_prerolled && m_streams != before) {
-        request(std::nullopt, comingRate(), false); // else the change is heard only when the queues have run empty
-        update();
+        refreshSoon(); // else the change is heard only when the queues have run empty
     }
+}
+
+/** Seeks to where the media is. Adaptive streams that have just been selected do not survive that at once. */
+void Playback::refreshSoon() {
+    const guint delayMs = findAdaptiveDemuxers(m_pipeline.get()).empty() ? 0 : SELECTED_STREAM_STARTS_MS;
+    m_refreshTimer.reset(g_timeout_source_new(delayMs));
+    g_source_set_callback(
+        m_refreshTimer.get(),
+        [](gpointer self) -> gboolean {
+            auto* playback = static_cast<Playback*>(self);
+            playback->request(std::nullopt, playback->comingRate(), false);
+            playback->update();
+            return G_SOURCE_REMOVE;
+        },
+        this, nullptr);
+    g_source_attach(m_refreshTimer.get(), m_context.thread.context());
 }
 
 void Playback::issueSelection() {
@@ -68,7 +91,7 @@ void Playback::issueSelection() {
     gst_element_send_event(m_pipeline.get(), gst_event_new_select_streams(streams));
     g_list_free(streams);
     if (m_paused) {
-        request(std::nullopt, comingRate(), false); // the switch happens as data flows
+        refreshSoon(); // the switch happens as data flows
     }
 }
 
