@@ -20,6 +20,8 @@ namespace {
 // A subtitle file of a long film has some 200,000.
 constexpr size_t MOST_BYTES = 4'000'000;
 
+constexpr const char* TTML_NAMESPACE = "http://www.w3.org/ns/ttml";
+
 ElementPtr newPipeline() {
     return ElementPtr(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
 }
@@ -50,7 +52,8 @@ std::string rootPrefix(const std::string& document) {
 /** ttmlparse takes a document for complete only when its root element is called "tt", without a prefix. */
 void removeRootPrefix(std::string& document) {
     const std::string prefix = rootPrefix(document);
-    const size_t start = prefix.empty() ? std::string::npos : document.find('<' + prefix + ":tt");
+    const size_t declaration = document.find(TTML_NAMESPACE); // in the root's tag
+    const size_t start = prefix.empty() ? std::string::npos : document.rfind('<' + prefix + ":tt", declaration);
     if (start != std::string::npos) {
         document.erase(document.rfind("</") + 2, prefix.size() + 1);
         document.erase(start + 1, prefix.size() + 1);
@@ -58,7 +61,7 @@ void removeRootPrefix(std::string& document) {
 }
 
 std::string encodingOf(const std::string& bytes) {
-    if (bytes.find("http://www.w3.org/ns/ttml") != std::string::npos) {
+    if (bytes.find(TTML_NAMESPACE) != std::string::npos) {
         return "TTML";
     }
     constexpr size_t AFTER_BYTE_ORDER_MARK = 3;
@@ -182,6 +185,8 @@ gboolean SubtitleReader::onBusMessage(GstBus* /*bus*/, GstMessage* message, gpoi
     } else if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS) {
         if (self->m_content->isTooLong) {
             self->finish("it has more than " + std::to_string(MOST_BYTES) + " bytes");
+        } else if (self->m_content->bytes.empty()) {
+            self->finish("it is empty");
         } else if (!self->m_parsing) {
             self->end();
             self->parse();
