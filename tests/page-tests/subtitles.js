@@ -30,20 +30,25 @@ function tracks(video) {
   return video.getComponents(video.COMPONENT_TYPE_SUBTITLE);
 }
 
-function join(collection) {
+function join(collection, property) {
   var names = [];
   for (var i = 0; i < collection.length; ++i) {
-    names.push(collection[i].language);
+    names.push(collection[i][property]);
   }
   return names.join(' ');
 }
 
 function languages(video) {
-  return join(tracks(video));
+  return join(tracks(video), 'language');
 }
 
 function active(video) {
-  return join(video.getCurrentActiveComponents(video.COMPONENT_TYPE_SUBTITLE));
+  return join(video.getCurrentActiveComponents(video.COMPONENT_TYPE_SUBTITLE), 'language');
+}
+
+// The format of a file is told as soon as the file is there. What comes after these is not looked at.
+function isRead(video, encodings) {
+  return join(tracks(video), 'encoding').indexOf(encodings) === 0;
 }
 
 function select(video, index) {

@@ -5,11 +5,13 @@
 
 #include <gst/app/gstappsink.h>
 #include <gst/app/gstappsrc.h>
+#include <mutex>
 
 namespace media {
 
 /** What has come of the file so far. A sink's thread writes it, and the player's reads it after the sink's end. */
 struct SubtitleReader::Content {
+    std::mutex mutex; // guards all below
     std::string bytes;
     bool isTooLong = false;
     CueList cues;
@@ -66,7 +68,10 @@ std::string encodingOf(const std::string& bytes) {
     }
     constexpr size_t AFTER_BYTE_ORDER_MARK = 3;
     const size_t signature = bytes.find("WEBVTT");
-    return signature == 0 || signature == AFTER_BYTE_ORDER_MARK ? "WEBVTT" : "";
+    if (signature == 0 || signature == AFTER_BYTE_ORDER_MARK) {
+        return "WEBVTT";
+    }
+    return bytes.find(" --> ") != std::string::npos ? "SUBRIP" : "";
 }
 
 } // namespace
@@ -89,6 +94,7 @@ void SubtitleReader::fetch(const std::string& url, bool televisionUserAgent) {
         const SamplePtr sample(gst_app_sink_pull_sample(from));
         GstMapInfo map;
         GstBuffer* buffer = sample ? gst_sample_get_buffer(sample.get()) : nullptr;
+        const std::lock_guard<std::mutex> lock(content.mutex);
         if (buffer && gst_buffer_map(buffer, &map, GST_MAP_READ)) {
             content.bytes.append(reinterpret_cast<const char*>(map.data), map.size);
             gst_buffer_unmap(buffer, &map);
@@ -121,7 +127,11 @@ void SubtitleReader::fetch(const std::string& url, bool televisionUserAgent) {
 
 void SubtitleReader::parse() {
     m_parsing = true;
-    std::string& bytes = m_content->bytes;
+    std::string bytes;
+    {
+        const std::lock_guard<std::mutex> lock(m_content->mutex);
+        bytes = m_content->bytes;
+    }
     const bool isXml = encodingOf(bytes) == "TTML";
     if (isXml) {
         removeRootPrefix(bytes);
@@ -130,9 +140,11 @@ void SubtitleReader::parse() {
     GstElement* source = gst_element_factory_make("appsrc", nullptr);
     GstElement* parser = gst_element_factory_make(parserName, nullptr);
     GstElement* sink = newSink<Content>(m_content, [](GstAppSink* from, gpointer data) {
+        Content& content = **static_cast<std::shared_ptr<Content>*>(data);
         const SamplePtr sample(gst_app_sink_pull_sample(from));
+        const std::lock_guard<std::mutex> lock(content.mutex);
         if (sample) {
-            (*static_cast<std::shared_ptr<Content>*>(data))->cues.add(sample.get());
+            content.cues.add(sample.get());
         }
         return GST_FLOW_OK;
     });
@@ -175,28 +187,47 @@ void SubtitleReader::end() {
 
 void SubtitleReader::finish(const std::string& failure) {
     end();
-    m_done({failure, encodingOf(m_content->bytes), std::move(m_content->cues)});
+    SubtitleFile file;
+    {
+        const std::lock_guard<std::mutex> lock(m_content->mutex);
+        file = {failure, encodingOf(m_content->bytes), std::move(m_content->cues)};
+    }
+    m_done(std::move(file));
+}
+
+/** A pipeline has come to its end: the file is there, or its cues are. */
+void SubtitleReader::onEnd() {
+    std::string failure;
+    {
+        const std::lock_guard<std::mutex> lock(m_content->mutex);
+        if (m_content->isTooLong) {
+            failure = "it has more than " + std::to_string(MOST_BYTES) + " bytes";
+        } else if (m_content->bytes.empty()) {
+            failure = "it is empty";
+        } else if (m_parsing && m_content->cues.empty()) {
+            failure = "it holds no text that shows at any time";
+        }
+    }
+    if (m_parsing || !failure.empty()) {
+        finish(failure);
+    } else {
+        end();
+        parse();
+    }
 }
 
 gboolean SubtitleReader::onBusMessage(GstBus* /*bus*/, GstMessage* message, gpointer data) {
     auto* self = static_cast<SubtitleReader*>(data);
-    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR) {
+    switch (GST_MESSAGE_TYPE(message)) {
+    case GST_MESSAGE_ERROR:
         self->finish(describeError(message).text);
-    } else if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS) {
-        if (self->m_content->isTooLong) {
-            self->finish("it has more than " + std::to_string(MOST_BYTES) + " bytes");
-        } else if (self->m_content->bytes.empty()) {
-            self->finish("it is empty");
-        } else if (!self->m_parsing) {
-            self->end();
-            self->parse();
-        } else {
-            self->finish(self->m_content->cues.empty() ? "it holds no text that shows at any time" : "");
-        }
-    } else {
+        return G_SOURCE_REMOVE;
+    case GST_MESSAGE_EOS:
+        self->onEnd();
+        return G_SOURCE_REMOVE;
+    default:
         return G_SOURCE_CONTINUE;
     }
-    return G_SOURCE_REMOVE;
 }
 
 } // namespace media

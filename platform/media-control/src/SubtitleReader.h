@@ -14,7 +14,7 @@ namespace media {
 
 struct SubtitleFile {
     std::string failure;  /**< why there are no cues, for people; empty when there are */
-    std::string encoding; /**< "TTML", "WEBVTT", else empty */
+    std::string encoding; /**< "TTML", "WEBVTT", "SUBRIP", else empty */
     CueList cues;
 };
 
@@ -42,6 +42,7 @@ private:
     void run(ElementPtr pipeline);
     void end();
     void finish(const std::string& failure);
+    void onEnd();
     static gboolean onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
 
     PlayerThread& m_thread;
