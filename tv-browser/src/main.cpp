@@ -3,6 +3,7 @@
 #include "Profile.h"
 #include "Television.h"
 #include "Watchdog.h"
+#include "media_requests.h"
 
 #include <QApplication>
 #include <QDir>
@@ -54,6 +55,7 @@ QString applySettings(const CommandLine& commandLine) {
         QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
         configuration.setCaCertificates(configuration.caCertificates() + certificates);
         QSslConfiguration::setDefaultConfiguration(configuration);
+        mediaRequestsTrustCertificate(QFile::encodeName(commandLine.trustFile).constData());
     }
     if (!commandLine.profileFolder.isEmpty()) {
         if (!QDir().mkpath(commandLine.profileFolder)) {

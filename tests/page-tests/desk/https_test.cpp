@@ -1,10 +1,11 @@
-// Pages of a real server: https with a certificate of its own, redirects, content types, cookies, relative addresses.
+// Pages of a real server: https with a certificate of its own, redirects, content types, cookies, media.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <memory>
+#include <mutex>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
@@ -44,7 +45,16 @@ const char* const page = R"(<?xml version="1.0" encoding="utf-8"?>
 const char* const verdict = R"(
 var ok = location.pathname === '/application/page' && document.createElement('div').nodeName === 'div' &&
          document.cookie === 'visit=1';
-document.title = ok ? 'PASS' : 'FAIL: ' + location.pathname + ' ' + document.cookie;)";
+var video = document.createElement('object');
+video.setAttribute('type', 'video/mp4');
+video.setAttribute('data', 'media/short.mp4');
+video.onPlayStateChange = function(state) {
+  if (state === 1 || state === 6) {
+    document.title = ok && state === 1 ? 'PASS' : 'FAIL: ' + location.pathname + ' ' + document.cookie + ' ' + state;
+  }
+};
+document.body.appendChild(video);
+video.play(1);)";
 
 class HttpsTest : public testing::Test {
 protected:
@@ -61,12 +71,16 @@ protected:
             response.set_redirect("application/page");
         });
         m_server.Get("/application/page", [this](const httplib::Request& request, httplib::Response& response) {
-            m_cookie = request.get_header_value("Cookie");
-            m_userAgent = request.get_header_value("User-Agent");
+            m_pageHeaders = request.headers;
             response.set_content(page, "application/vnd.hbbtv.xhtml+xml; charset=utf-8");
         });
         m_server.Get("/verdict.js", [](const httplib::Request&, httplib::Response& response) {
             response.set_content(verdict, "application/javascript");
+        });
+        m_server.set_mount_point("/application/media", std::getenv("MEDIA"));
+        m_server.set_file_request_handler([this](const httplib::Request& request, httplib::Response&) {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_filmHeaders = request.headers;
         });
         m_port = m_server.bind_to_any_port("127.0.0.1");
         m_thread = std::thread([this] { m_server.listen_after_bind(); });
@@ -96,19 +110,22 @@ protected:
     std::thread m_thread;
     fs::path m_folder;
     int m_port = 0;
-    std::string m_cookie;
-    std::string m_userAgent;
+    httplib::Headers m_pageHeaders;
+    std::mutex m_mutex;
+    httplib::Headers m_filmHeaders; ///< guarded by the mutex
 };
 
-TEST_F(HttpsTest, OpensAPageThroughARedirectWhenItsCertificateIsTrusted) {
-    EXPECT_EQ(open(trust()), 0);
-    EXPECT_EQ(m_cookie, "visit=1");
-    EXPECT_NE(m_userAgent.find(" HbbTV/1.6.1 ("), std::string::npos) << m_userAgent;
+TEST_F(HttpsTest, OpensPageAndFilmThroughARedirectWhenTheirCertificateIsTrusted) {
+    ASSERT_EQ(open(trust()), 0);
+    for (const httplib::Headers& headers : {m_pageHeaders, m_filmHeaders}) {
+        EXPECT_EQ(headers.find("Cookie")->second, "visit=1");
+        EXPECT_NE(headers.find("User-Agent")->second.find(" HbbTV/1.6.1 ("), std::string::npos);
+    }
 }
 
 TEST_F(HttpsTest, RefusesACertificateOfItsOwn) {
     EXPECT_EQ(open(""), 1);
-    EXPECT_EQ(m_userAgent, "") << "the page was asked for";
+    EXPECT_TRUE(m_pageHeaders.empty()) << "the page was asked for";
 }
 
 } // namespace
