@@ -70,6 +70,18 @@ TEST_F(LoopbackServerTest, ServesRangesAndRefusesThoseOutsideTheFile) {
     EXPECT_EQ(range("10-"), "416 bytes */10 ");
 }
 
+TEST_F(LoopbackServerTest, TakesAPortAgainThatIsFree) {
+    int port = 0;
+    {
+        LoopbackServer other;
+        port = other.start(m_port);
+        EXPECT_GT(port, 0);
+        EXPECT_NE(port, m_port) << "two servers share a port";
+    }
+    LoopbackServer again;
+    EXPECT_EQ(again.start(port), port);
+}
+
 TEST_F(LoopbackServerTest, KeepsToItsFolders) {
     for (const char* path :
          {"/../secret", "/%2e%2e/secret", "/..%2fsecret", "/films/../../secret", "/link", "/page.xhtml%00"}) {

@@ -167,14 +167,23 @@ void LoopbackServer::setFaults(std::vector<ServerFaultRule> rules) {
     d->faultRules = std::move(rules);
 }
 
-int LoopbackServer::start() {
+int LoopbackServer::start(int wantedPort) {
     d->server.new_task_queue = [] { return new httplib::ThreadPool(poolThreads); };
     d->server.set_keep_alive_timeout(keepAliveSeconds);
     d->server.set_write_timeout(writeTimeoutSeconds);
     d->server.Get(".*", [this](const httplib::Request& request, httplib::Response& response) {
         d->answer(request, response, *this);
     });
-    d->port = d->server.bind_to_any_port("127.0.0.1");
+    // The library's own options would let two programs share a port.
+    d->server.set_socket_options([](socket_t socket) {
+        const int on = 1;
+        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    });
+    if (wantedPort != 0 && d->server.bind_to_port("127.0.0.1", wantedPort)) {
+        d->port = wantedPort;
+    } else {
+        d->port = d->server.bind_to_any_port("127.0.0.1");
+    }
     if (d->port <= 0) {
         return 0;
     }

@@ -41,9 +41,10 @@ public:
 
     /**
      * Listens on a free port of 127.0.0.1 and serves from threads of its own: GET and HEAD, with Range.
+     * @param wantedPort taken when it is free; 0 for any
      * @return the port, or 0 when there is none to be had. To be called once.
      */
-    int start();
+    int start(int wantedPort = 0);
 
     /** Sets the faults of requests that name none in their query: the first rule that fits counts. Thread: any. */
     void setFaults(std::vector<ServerFaultRule> rules);

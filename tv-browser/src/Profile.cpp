@@ -30,12 +30,24 @@ QString userAgentOf(const QString& folder) {
 } // namespace
 
 Profile::Profile(const QString& folder, const QString& userAgent)
-    : m_cookies(inFolder(folder, "cookies")), m_storageFolder(inFolder(folder, "storage")),
+    : m_folder(folder), m_cookies(inFolder(folder, "cookies")), m_storageFolder(inFolder(folder, "storage")),
       m_userAgent(userAgent.isEmpty() ? userAgentOf(folder) : userAgent) {
     if (!m_storageFolder.isEmpty()) {
         QDir().mkpath(m_storageFolder);
     }
     QWebSettings::globalSettings()->setLocalStoragePath(m_storageFolder); // Read once, when a page is made.
+}
+
+int Profile::localPort() const {
+    QFile file(inFolder(m_folder, "port"));
+    return !m_folder.isEmpty() && file.open(QIODevice::ReadOnly) ? file.readLine().trimmed().toInt() : 0;
+}
+
+void Profile::setLocalPort(int port) const {
+    QFile file(inFolder(m_folder, "port"));
+    if (!m_folder.isEmpty() && port != localPort() && file.open(QIODevice::WriteOnly)) {
+        file.write(QByteArray::number(port) + '\n');
+    }
 }
 
 void Profile::clearFolder(const QString& folder) {

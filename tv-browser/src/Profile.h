@@ -11,7 +11,8 @@
 class Profile {
 public:
     /**
-     * @param folder    keeps the profile, in the files `cookies` and `user-agent` and the folder `storage`; empty: the
+     * @param folder    keeps the profile, in the files `cookies`, `port` and `user-agent` and the folder
+     *                  `storage`; empty: the
      *                  profile ends with the program, and nothing is written
      * @param userAgent used instead of the profile's own; empty for that
      */
@@ -28,7 +29,15 @@ public:
     /** @return value of the User-Agent header, of the page and of the players */
     const QString& userAgent() const { return m_userAgent; }
 
+    /**
+     * The port on which the local pages were served last: a page's storage belongs to an address, of which it is part.
+     * @return 0 when there is none
+     */
+    int localPort() const;
+    void setLocalPort(int port) const;
+
 private:
+    const QString m_folder;
     CookieJar m_cookies;
     QString m_storageFolder;
     QString m_userAgent;

@@ -121,11 +121,12 @@ bool Television::serve(QUrl& url) {
         const QString folder = target.isDir() ? target.filePath() : target.path();
         m_server.mount(std::string(), folder.toLocal8Bit().toStdString());
     }
-    const int port = m_server.start();
+    const int port = m_server.start(m_profile.localPort());
     if (port == 0) {
         complain(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
         return false;
     }
+    m_profile.setLocalPort(port);
     m_serverAddress = QStringLiteral("http://127.0.0.1:%1").arg(port);
     if (!isAddress) {
         url = QUrl(m_serverAddress);
