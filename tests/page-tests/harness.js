@@ -67,15 +67,16 @@ function run(steps) {
   runSteps(steps, pass);
 }
 
-// A step that waits until a condition holds, at most 20 seconds. With `video`, a failure names the states it was told.
-function until(what, condition, video) {
+// A step that waits until a condition holds, at most 20 seconds or as many as said. With `video`, a failure names the
+// states it was told.
+function until(what, condition, video, seconds) {
   return function(done) {
     var tries = 0;
     var timer = setInterval(function() {
       if (condition()) {
         clearInterval(timer);
         done();
-      } else if (++tries > 1000) {
+      } else if (++tries > (seconds || 20) * 50) {
         clearInterval(timer);
         fail('waited in vain until ' + what + (video ? '; it was told ' + video.states.join(' ') : ''));
       }
