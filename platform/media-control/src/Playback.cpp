@@ -38,6 +38,25 @@ int64_t lastRendered(GstElement* sink) {
     return GST_CLOCK_TIME_IS_VALID(time) ? static_cast<int64_t>(time / GST_MSECOND) : -1;
 }
 
+/** @return how much of what the start needs is there, in percent; 100 when playing can go on */
+int bufferLevel(GstMessage* message) {
+    gint percent = 0;
+    gst_message_parse_buffering(message, &percent);
+    GstBufferingMode mode = GST_BUFFERING_STREAM;
+    gst_message_parse_buffering_stats(message, &mode, nullptr, nullptr, nullptr);
+    if (mode != GST_BUFFERING_DOWNLOAD) {
+        return percent;
+    }
+    // Two threads of a download post its level, and the older message may come last: only the element itself knows.
+    gboolean isBusy = percent < 100;
+    GstQuery* query = gst_query_new_buffering(GST_FORMAT_PERCENT);
+    if (gst_element_query(GST_ELEMENT(GST_MESSAGE_SRC(message)), query)) {
+        gst_query_parse_buffering_percent(query, &isBusy, &percent);
+    }
+    gst_query_unref(query);
+    return isBusy ? std::min(percent, 99) : 100;
+}
+
 } // namespace
 
 Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
@@ -171,8 +190,7 @@ void Playback::onStateChanged(GstMessage* message) {
 }
 
 void Playback::onBuffering(GstMessage* message) {
-    gint percent = 0;
-    gst_message_parse_buffering(message, &percent);
+    const int percent = bufferLevel(message);
     if (percent != m_bufferPercent) {
         m_bufferPercent = percent;
         *m_lastActivity = g_get_monotonic_time();
