@@ -13,11 +13,14 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <httplib.h>
+#include <malloc.h>
 #include <mutex>
 #include <set>
 #include <string>
 #include <thread>
 #include <vector>
+
+extern "C" size_t __sanitizer_get_current_allocated_bytes();
 
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
@@ -162,9 +165,18 @@ private:
 struct Traces {
     long threads = entries("/proc/self/task");
     long files = entries("/proc/self/fd");
+    size_t bytes = heap();
+    static constexpr size_t CACHES = 16'000'000; // of libraries, which fill and stay
 
     static long entries(const char* folder) {
         return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    }
+    static size_t heap() {
+#if defined(__SANITIZE_ADDRESS__)
+        return __sanitizer_get_current_allocated_bytes();
+#else
+        return mallinfo2().uordblks;
+#endif
     }
     /** Waits until no more is there than before, at most 10 seconds. */
     void expectNoMore() const {
@@ -173,6 +185,7 @@ struct Traces {
         }
         EXPECT_LE(entries("/proc/self/task"), threads);
         EXPECT_LE(entries("/proc/self/fd"), files);
+        EXPECT_LT(heap(), bytes + CACHES);
     }
 };
 
