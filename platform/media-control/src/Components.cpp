@@ -1,9 +1,9 @@
 #include "Components.h"
 
+#include "ComponentText.h"
+
 #include <algorithm>
 #include <cctype>
-#include <cstring>
-#include <gst/tag/tag.h>
 #include <gst/video/video.h>
 
 namespace media {
@@ -13,10 +13,6 @@ struct TagListUnref {
     void operator()(GstTagList* tags) const { gst_tag_list_unref(tags); }
 };
 using TagListPtr = std::unique_ptr<GstTagList, TagListUnref>;
-
-template <size_t SIZE> void copyText(char (&to)[SIZE], const std::string& from) {
-    from.copy(to, SIZE - 1); // `to` was zero
-}
 
 /** Media type to the name that the A/V Control object's `encoding` has; others go by their media type. */
 std::string encodingName(const GstStructure* format) {
@@ -48,9 +44,7 @@ std::string languageOf(const GstTagList* tags) {
     if (!tags || !gst_tag_list_get_string(tags, GST_TAG_LANGUAGE_CODE, &text)) {
         return "und";
     }
-    const TextPtr language(text);
-    const gchar* code = gst_tag_get_language_code_iso_639_2T(language.get());
-    return code ? code : "und";
+    return languageCode(TextPtr(text).get());
 }
 
 double aspectRatioOf(const GstStructure* format) {

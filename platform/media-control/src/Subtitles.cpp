@@ -1,28 +1,14 @@
 #include "Subtitles.h"
 
+#include "ComponentText.h"
 #include "MediaLog.h"
 #include "MediaTrace.h"
 
 #include <algorithm>
 #include <cctype>
-#include <gst/tag/tag.h>
 
 namespace media {
 namespace {
-
-template <size_t SIZE> void copyText(char (&to)[SIZE], const std::string& from) {
-    from.copy(to, SIZE - 1); // `to` was zero
-}
-
-/** @param text a language as people write it: "de", "ger", "deu", "en-GB" @return its ISO 639-2 code, "und" for none */
-std::string languageCode(std::string text) {
-    const auto isNoLetter = [](unsigned char c) { return !std::isalpha(c); };
-    text.erase(std::find_if(text.begin(), text.end(), isNoLetter), text.end());
-    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
-    // GStreamer answers to an empty text with the first language that it knows.
-    const gchar* code = text.size() < 2 ? nullptr : gst_tag_get_language_code_iso_639_2T(text.c_str());
-    return code ? code : "und";
-}
 
 /** The record does not tell captions from subtitles, but a label may, by the two abbreviations in use. */
 bool isForHardOfHearing(std::string label) {
