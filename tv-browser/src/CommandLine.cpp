@@ -19,6 +19,7 @@ served over HTTP on this machine only.
                         holds the key for that many seconds
   --trace               print script calls, events to the page, and the player's
                         commands and reports, with seconds since the start
+  --timeline FILE       write the same, and more, as JSON lines: docs/timeline.md
   --screenshot FILE     write the television's picture as PNG; without a window,
                         --exit-after or --verdict the program then ends
   --after SECONDS       when to take the screenshot, since the start (5, or at
@@ -83,8 +84,8 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
          {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "help", "version"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     }
-    for (const char* name :
-         {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile", "user-agent", "trust"}) {
+    for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile",
+                             "user-agent", "trust", "timeline"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
     }
     if (!parser.parse(arguments)) {
@@ -113,6 +114,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     line.spatialNavigation = !parser.isSet(QStringLiteral("no-spatial-navigation"));
     line.userAgent = parser.value(QStringLiteral("user-agent"));
     line.trustFile = parser.value(QStringLiteral("trust"));
+    line.timelineFile = parser.value(QStringLiteral("timeline"));
     line.screenshotFile = parser.value(QStringLiteral("screenshot"));
 
     for (const QString& mount : parser.values(QStringLiteral("mount"))) {

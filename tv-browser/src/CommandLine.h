@@ -19,6 +19,7 @@ struct CommandLine {
     QString profileFolder;                 /**< what the television remembers; empty for nothing */
     QString userAgent;                     /**< empty for the profile's own */
     QString trustFile;                     /**< certificates that https accepts too; empty for none */
+    QString timelineFile;                  /**< empty for none */
     QString screenshotFile;                /**< empty for none */
     std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
     std::optional<double> exitAfter;       /**< seconds; always there with a verdict */

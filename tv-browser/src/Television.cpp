@@ -2,6 +2,7 @@
 
 #include "KeyboardHelp.h"
 #include "RemotePanel.h"
+#include "TraceLog.h"
 #include "TvPicture.h"
 
 #include <QCoreApplication>
@@ -28,9 +29,9 @@ int toMilliseconds(double seconds) {
 } // namespace
 
 Television::Television(const CommandLine& commandLine, int64_t startUs)
-    : m_commandLine(commandLine), m_startUs(startUs),
-      m_trace(commandLine.trace ? std::make_unique<TraceLog>(startUs) : nullptr),
-      m_profile(commandLine.profileFolder, commandLine.userAgent), m_page(m_profile), m_screen(m_page) {
+    : m_commandLine(commandLine), m_startUs(startUs), m_profile(commandLine.profileFolder, commandLine.userAgent),
+      m_page(m_profile), m_screen(m_page) {
+    keepTimeline();
     m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
     connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
     connect(&m_page, &TvPage::applicationEnded, this,
@@ -63,6 +64,11 @@ int Television::run(const QString& pluginModule) {
                            .arg(found, pluginModule));
         return 1;
     }
+    if (m_timelineFile && !m_timelineFile->problem().isEmpty()) {
+        complain(QStringLiteral("--timeline %1: the file cannot be written: %2")
+                     .arg(m_commandLine.timelineFile, m_timelineFile->problem()));
+        return 1;
+    }
     QUrl url;
     if (!serve(url)) {
         return 1;
@@ -78,6 +84,33 @@ int Television::run(const QString& pluginModule) {
     }
     m_page.open(url);
     return QCoreApplication::exec();
+}
+
+/** Writes down what happens, for those who want to see it. */
+void Television::keepTimeline() {
+    if (!m_commandLine.trace && m_commandLine.timelineFile.isEmpty()) {
+        return;
+    }
+    m_timeline = std::make_unique<Timeline>(m_startUs);
+    connect(&m_page, &TvPage::consoleMessage, this,
+            [this](bool isScriptError, const QString& level, const QString& message, int line, const QString& file) {
+                using Kind = TimelineEntry::Kind;
+                QJsonObject fields = {
+                    {QStringLiteral("text"), message}, {QStringLiteral("file"), file}, {QStringLiteral("line"), line}};
+                if (!isScriptError) {
+                    fields[QStringLiteral("level")] = level;
+                }
+                m_timeline->add(isScriptError ? Kind::SCRIPT_ERROR : Kind::CONSOLE,
+                                QStringLiteral("%1 (%2:%3)").arg(message, file).arg(line), fields);
+            });
+    if (m_commandLine.trace) {
+        connect(m_timeline.get(), &Timeline::grown, &printTrace);
+    }
+    if (!m_commandLine.timelineFile.isEmpty()) {
+        m_timelineFile = std::make_unique<TimelineFile>(m_commandLine.timelineFile);
+        connect(m_timeline.get(), &Timeline::grown, this,
+                [this](const TimelineEntries& entries) { m_timelineFile->write(entries); });
+    }
 }
 
 /** The keyboard's table and the remote control on the screen. */
@@ -147,6 +180,10 @@ QString Television::addressName(const QUrl& url) const {
 }
 
 void Television::pageLoaded() {
+    if (m_timeline) {
+        const QString address = m_page.mainFrame()->url().toString();
+        m_timeline->add(TimelineEntry::Kind::PAGE, address, {{QStringLiteral("url"), address}});
+    }
     if (!m_wasLoaded) {
         m_wasLoaded = true;
         pressNextKey();
@@ -155,6 +192,11 @@ void Television::pageLoaded() {
 
 void Television::pageFailed(const QString& reason) {
     complain(reason);
+    if (m_timeline) {
+        m_timeline->add(TimelineEntry::Kind::PAGE, reason,
+                        {{QStringLiteral("url"), m_page.mainFrame()->requestedUrl().toString()},
+                         {QStringLiteral("problem"), reason}});
+    }
     if (!m_wasLoaded) {
         QCoreApplication::exit(1);
     }
@@ -192,12 +234,14 @@ void Television::pressNextKey() {
 }
 
 void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
-    if (m_trace && pressed) {
-        m_trace->note("key", key.name);
+    const QString name = QString::fromLatin1(key.name);
+    if (m_timeline && pressed) {
+        const bool taken = m_page.receives(key);
+        m_timeline->add(TimelineEntry::Kind::KEY,
+                        taken ? name : name + QLatin1String(" is kept from the page: not in its key set"),
+                        {{QStringLiteral("name"), name}, {QStringLiteral("taken"), taken}});
     }
-    if (!m_page.sendKey(key, pressed, isRepeat) && m_trace && pressed) {
-        m_trace->note("key", std::string(key.name) + " is kept from the page: not in its key set");
-    }
+    m_page.sendKey(key, pressed, isRepeat);
 }
 
 void Television::takeScreenshot() {

@@ -9,7 +9,8 @@
 #include "LoopbackServer.h"
 #include "Profile.h"
 #include "ScreenProbe.h"
-#include "TraceLog.h"
+#include "Timeline.h"
+#include "TimelineFile.h"
 #include "TvPage.h"
 #include "TvScreen.h"
 #include "TvWindow.h"
@@ -36,6 +37,7 @@ public:
     int run(const QString& pluginModule);
 
 private:
+    void keepTimeline();
     void addRemoteControl();
     bool serve(QUrl& url);
     QString addressName(const QUrl& url) const;
@@ -50,8 +52,9 @@ private:
 
     const CommandLine& m_commandLine;
     const int64_t m_startUs;
-    std::unique_ptr<TraceLog> m_trace;
-    LoopbackServer m_server; // Outlives the page: its players are readers.
+    std::unique_ptr<TimelineFile> m_timelineFile;
+    std::unique_ptr<Timeline> m_timeline; ///< null when nobody looks at it
+    LoopbackServer m_server;              // Outlives the page: its players are readers.
     Profile m_profile;
     TvPage m_page;
     TvScreen m_screen;

@@ -68,14 +68,13 @@ QString TvPage::mediaPluginFile() {
         .toString();
 }
 
-bool TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
-    if (!m_application.receives(key.code, key.keyset)) {
-        return false;
+void TvPage::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
+    if (!receives(key)) {
+        return;
     }
     QKeyEvent keyEvent(pressed ? QEvent::KeyPress : QEvent::KeyRelease, key.engineKey, Qt::NoModifier, 0,
                        static_cast<quint32>(key.code), 0, QString::fromLatin1(key.text), isRepeat);
     event(&keyEvent);
-    return true;
 }
 
 bool TvPage::supportsExtension(Extension extension) const {
@@ -136,10 +135,14 @@ void TvPage::loadEnded(bool ok) {
     m_failure.clear();
 }
 
-void TvPage::printConsoleMessage(MessageSource, MessageLevel level, const QString& message, int line,
+void TvPage::printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
                                  const QString& address) {
-    const char* kind = level == ErrorMessageLevel ? "error: " : level == WarningMessageLevel ? "warning: " : "";
-    std::fprintf(stderr, "%s:%d: %s%s\n", qUtf8Printable(m_nameOf(QUrl(address))), line, kind, qUtf8Printable(message));
+    const char* kind = level == ErrorMessageLevel ? "error" : level == WarningMessageLevel ? "warning" : "log";
+    const QString file = m_nameOf(QUrl(address));
+    std::fprintf(stderr, "%s:%d: %s%s%s\n", qUtf8Printable(file), line, level == LogMessageLevel ? "" : kind,
+                 level == LogMessageLevel ? "" : ": ", qUtf8Printable(message));
+    emit consoleMessage(source == JSMessageSource && level == ErrorMessageLevel, QString::fromLatin1(kind), message,
+                        line, file);
 }
 
 void TvPage::printDialog(const char* kind, const QString& message, const QString& answer) {

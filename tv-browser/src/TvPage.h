@@ -35,16 +35,23 @@ public:
     /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
     QString mediaPluginFile();
 
+    /** @return false when the page does not get that key, because it is not in the key set that the page has asked for
+     */
+    bool receives(const RemoteKey& key) const { return m_application.receives(key.code, key.keyset); }
+
     /**
      * Gives a key to the page, as if it were pressed or released on the remote control.
-     * @return false when the page does not get it, because it is not in the key set that the page has asked for
+     * Does nothing with one that the page does not get.
      */
-    bool sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
+    void sendKey(const RemoteKey& key, bool pressed, bool isRepeat = false);
 
     bool supportsExtension(Extension extension) const override;
     bool extension(Extension extension, const ExtensionOption* option, ExtensionReturn* output) override;
 
 signals:
+    /** The page wrote to its console. @param isScriptError the engine did, for a script that failed */
+    void consoleMessage(bool isScriptError, const QString& level, const QString& message, int line,
+                        const QString& address);
     /** The page has ended its application. */
     void applicationEnded();
     /** The page opened last is there. */

@@ -1,6 +1,7 @@
 #include "AsyncCalls.h"
 
 #include "BrowserFunctions.h"
+#include "PluginInstance.h"
 
 #include <algorithm>
 #include <deque>
@@ -51,11 +52,25 @@ template <class Predicate> void runAll(Predicate wanted) {
     }
 }
 
+/// What the call has done may be another play state, of which a page need not hear.
+void traceStateOf(NPP npp) {
+    {
+        const std::lock_guard<std::mutex> lock(queue().mutex);
+        if (!isOpen(queue(), npp)) {
+            return; // the call has ended its instance
+        }
+    }
+    if (PluginInstance* instance = PluginInstance::of(npp)) {
+        instance->traceState();
+    }
+}
+
 /// The engine's turn for one call of the instance: each wake-up runs one, so that other work gets its turn between.
 void wakeUp(void* instance) {
     Call call;
     if (take([instance](const Call& waiting) { return waiting.instance == instance; }, &call)) {
         call.func(call.userData);
+        traceStateOf(call.instance);
     }
 }
 

@@ -31,6 +31,7 @@ PageCallTrace::PageCallTrace(NPP npp, const NPObject* function, const NPVariant*
     if (!instance) {
         return;
     }
+    instance->traceState();
     const char* name = pageFunctionName(function) ? pageFunctionName(function) : "function";
     m_text = name + (argCount == 1 && NPVARIANT_IS_OBJECT(args[0]) ? describeEvent(*instance, name, args[0])
                                                                    : describeArguments(args, argCount));

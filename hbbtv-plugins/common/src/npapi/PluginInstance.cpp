@@ -20,12 +20,15 @@ std::vector<PluginInstance*>& liveInstances() {
 
 } // namespace
 
-PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp)
+PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type)
     : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr), m_window(),
-      m_reported(), m_hasWindow(false), m_placeScheduled(false) {
+      m_reported(), m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
     m_npp->pdata = this;
     liveInstances().push_back(this);
     openAsyncCalls(npp);
+    if (pluginTraceIsOn()) {
+        pluginTraceEntry(HBBTV_TRACE_CREATED, m_number, pluginTraceNow(), 0, type ? type : "");
+    }
     m_plugin = module.create(nullptr);
 }
 
@@ -57,9 +60,6 @@ PluginInstance* PluginInstance::withNumber(int number) {
 
 bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* argn[], char* argv[],
                            NPSavedData* saved) {
-    if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_CREATED, m_number, pluginTraceNow(), 0, type ? type : "");
-    }
     if (!m_plugin->initialize(type, m_npp, mode, argc, argn, argv, saved)) {
         return false;
     }
@@ -68,8 +68,8 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
             continue;
         }
         if (pluginTraceIsOn()) {
-            pluginTraceEntry(HBBTV_TRACE_PARAM, m_number, pluginTraceNow(), 0,
-                             std::string(argn[i]) + " = \"" + argv[i] + "\"");
+            pluginTraceEntry(HBBTV_TRACE_PARAM, m_number, pluginTraceNow(), 0, argn[i],
+                             '"' + std::string(argv[i]) + '"');
         }
         m_plugin->setParam(argn[i], argv[i]);
     }
@@ -79,8 +79,8 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
 
 bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
     if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0,
-                         describeIdentifier(name) + " = " + describeVariant(value));
+        pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0, describeIdentifier(name),
+                         describeVariant(value));
     }
     if (!NPVARIANT_IS_OBJECT(value)) {
         return m_plugin->setProperty(name, &value);
@@ -116,6 +116,20 @@ void PluginInstance::settlePlace() {
     if (m_placeScheduled) {
         place(m_npp);
     }
+}
+
+void PluginInstance::traceState() {
+    if (!pluginTraceIsOn()) {
+        return;
+    }
+    NPVariant value;
+    VOID_TO_NPVARIANT(value);
+    if (m_plugin->getProperty(NPN_GetStringIdentifier("playState"), &value) && NPVARIANT_IS_INT32(value) &&
+        NPVARIANT_TO_INT32(value) != m_tracedState) {
+        m_tracedState = NPVARIANT_TO_INT32(value);
+        pluginTraceEntry(HBBTV_TRACE_STATE, m_number, pluginTraceNow(), 0, std::to_string(m_tracedState));
+    }
+    NPN_ReleaseVariantValue(&value);
 }
 
 bool PluginInstance::isFullScreen() {

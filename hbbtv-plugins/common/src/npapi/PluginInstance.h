@@ -12,8 +12,8 @@ struct PluginScriptObject;
 
 class PluginInstance {
 public:
-    /** Makes the plug-in; plugin() is null when there is no memory for it. */
-    PluginInstance(const HbbTVModule& module, NPP npp);
+    /** Makes the plug-in; plugin() is null when there is no memory for it. @param type as of NPP_New */
+    PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type);
 
     /** Deletes the plug-in; its script object stays for those who hold it, and answers nothing. */
     ~PluginInstance();
@@ -38,6 +38,9 @@ public:
 
     /** The element may have moved: looks for its place when the present call of the engine has returned. */
     void maybeMoved();
+
+    /** Adds the play state to the trace when it is another one; costs nothing while nobody observes. */
+    void traceState();
 
     /** Looks for the element's place now if that is due. Script may run, and the instance may be gone afterwards. */
     void settlePlace();
@@ -70,6 +73,7 @@ private:
     NPWindow m_reported; ///< what the plug-in was given last
     bool m_hasWindow;
     bool m_placeScheduled;
+    int m_tracedState;
 };
 
 #endif

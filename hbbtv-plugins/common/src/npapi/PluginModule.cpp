@@ -20,7 +20,7 @@ NPError newInstance(NPMIMEType type, NPP npp, uint16_t mode, int16_t argc, char*
     }
     // Only windowless instances are laid out and painted with the page.
     NPN_SetValue(npp, NPPVpluginWindowBool, nullptr);
-    PluginInstance* instance = new (std::nothrow) PluginInstance(*currentModule, npp);
+    PluginInstance* instance = new (std::nothrow) PluginInstance(*currentModule, npp, type);
     if (!instance || !instance->plugin()) {
         delete instance;
         return NPERR_OUT_OF_MEMORY_ERROR;

@@ -43,8 +43,10 @@ bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name
     const std::string call = describeIdentifier(name) + describeArguments(args, argCount);
     const int64_t start = pluginTraceNow();
     const bool known = instance.plugin()->invoke(element, name, args, argCount, result);
-    pluginTraceEntry(HBBTV_TRACE_CALL, number, start, pluginTraceNow() - start,
-                     call + " -> " + describeVariant(*result));
+    pluginTraceEntry(HBBTV_TRACE_CALL, number, start, pluginTraceNow() - start, call, describeVariant(*result));
+    if (PluginInstance* alive = PluginInstance::withNumber(number)) {
+        alive->traceState();
+    }
     return known;
 }
 
@@ -102,8 +104,8 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
         }
     }
     if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_READ, instance->number(), pluginTraceNow(), 0,
-                         describeIdentifier(name) + " -> " + (found ? describeVariant(*result) : "no value"));
+        pluginTraceEntry(HBBTV_TRACE_READ, instance->number(), pluginTraceNow(), 0, describeIdentifier(name),
+                         found ? describeVariant(*result) : "no value");
     }
     return found;
 }

@@ -19,6 +19,16 @@ std::string describeNumber(double number) {
     return text;
 }
 
+std::string oneLine(const std::string& text) {
+    std::string line = text.size() > LONGEST_TEXT ? text.substr(0, LONGEST_TEXT) + "..." : text;
+    for (char& character : line) {
+        if (static_cast<unsigned char>(character) < ' ') {
+            character = ' ';
+        }
+    }
+    return line;
+}
+
 } // namespace
 
 HBBTV_EXPORT void hbbtvPluginTraceSetCallback(HbbTVPluginTraceCallback callback, void* userData) {
@@ -36,18 +46,14 @@ int64_t pluginTraceNow() {
     return static_cast<int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
 }
 
-void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs,
-                      const std::string& text) {
+void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs, const std::string& text,
+                      const std::string& value) {
     if (!observer) {
         return;
     }
-    std::string line = text.size() > LONGEST_TEXT ? text.substr(0, LONGEST_TEXT) + "..." : text;
-    for (char& character : line) {
-        if (static_cast<unsigned char>(character) < ' ') {
-            character = ' ';
-        }
-    }
-    const HbbTVPluginTraceEntry entry = {kind, instance, startUs, tookUs, line.c_str()};
+    const std::string textLine = oneLine(text);
+    const std::string valueLine = oneLine(value);
+    const HbbTVPluginTraceEntry entry = {kind, instance, startUs, tookUs, textLine.c_str(), valueLine.c_str()};
     observer(&entry, observerData);
 }
 

@@ -15,8 +15,8 @@ bool pluginTraceIsOn();
 int64_t pluginTraceNow();
 
 /** @param startUs when it began. @param tookUs how long it ran, 0 for what has no length */
-void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs,
-                      const std::string& text);
+void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs, const std::string& text,
+                      const std::string& value = {});
 
 /** @return a value as script would write it; objects as "object" */
 std::string describeVariant(const NPVariant& value);
