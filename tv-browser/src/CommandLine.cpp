@@ -19,6 +19,7 @@ served over HTTP on this machine only.
                         holds the key for that many seconds
   --trace               print script calls, events to the page, and the player's
                         commands and reports, with seconds since the start
+  --panel               show the same beside the picture, as F9 does
   --timeline FILE       write the same, and more, as JSON lines: docs/timeline.md
   --screenshot FILE     write the television's picture as PNG; without a window,
                         --exit-after or --verdict the program then ends
@@ -81,7 +82,7 @@ QString badSeconds(const QCommandLineParser& parser, const QString& option) {
 CommandLineResult parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     for (const char* name :
-         {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "help", "version"}) {
+         {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "panel", "help", "version"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     }
     for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile",
@@ -106,6 +107,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     }
     line.target = parser.positionalArguments().constFirst();
     line.headless = parser.isSet(QStringLiteral("headless"));
+    line.panel = parser.isSet(QStringLiteral("panel"));
     line.trace = parser.isSet(QStringLiteral("trace"));
     line.verdict = parser.isSet(QStringLiteral("verdict"));
     line.pluginFolder = parser.value(QStringLiteral("plugin-path"));

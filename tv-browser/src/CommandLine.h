@@ -27,6 +27,7 @@ struct CommandLine {
     bool headless = false;
     bool spatialNavigation = true;
     bool firstStart = false; /**< the profile is emptied first */
+    bool panel = false;      /**< the timeline beside the picture from the start */
     bool trace = false;
     bool verdict = false;
 };

@@ -15,7 +15,7 @@ const char* keyboardHelpText() {
   PLAY_PAUSE, TRACK_PREV, TRACK_NEXT          the keyboard's own media keys
 Window                  Keyboard              Window            Keyboard
   this table            F1                    remote control    F6
-  full screen           F11
+  full screen           F11                   timeline          F9
 )";
 }
 

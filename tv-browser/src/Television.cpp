@@ -1,7 +1,9 @@
 #include "Television.h"
 
 #include "KeyboardHelp.h"
+#include "MonotonicTime.h"
 #include "RemotePanel.h"
+#include "TimelinePanel.h"
 #include "TraceLog.h"
 #include "TvPicture.h"
 
@@ -45,6 +47,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
         m_window = std::make_unique<TvWindow>(m_screen);
         connect(m_window.get(), &TvWindow::remoteKey, this, &Television::sendKey);
         addRemoteControl();
+        addTimelinePanel();
     }
     connect(&m_heldKey, &KeyHold::remoteKey, this, &Television::sendKey);
     m_page.setSpatialNavigation(commandLine.spatialNavigation);
@@ -88,7 +91,7 @@ int Television::run(const QString& pluginModule) {
 
 /** Writes down what happens, for those who want to see it. */
 void Television::keepTimeline() {
-    if (!m_commandLine.trace && m_commandLine.timelineFile.isEmpty()) {
+    if (m_commandLine.headless && !m_commandLine.trace && m_commandLine.timelineFile.isEmpty()) {
         return;
     }
     m_timeline = std::make_unique<Timeline>(m_startUs);
@@ -124,6 +127,17 @@ void Television::addRemoteControl() {
     m_window->addPanel(remote, TvWindow::Side::LEFT);
     connect(new QShortcut(Qt::Key_F6, m_window.get()), &QShortcut::activated, this,
             [this, remote] { m_window->showPanel(*remote, !remote->isVisibleTo(m_window.get())); });
+}
+
+void Television::addTimelinePanel() {
+    auto* panel = new TimelinePanel(m_startUs);
+    connect(m_timeline.get(), &Timeline::grown, panel, &TimelinePanel::append);
+    m_window->addPanel(panel, TvWindow::Side::RIGHT);
+    const auto toggle = [this, panel] { m_window->showPanel(*panel, !panel->isVisibleTo(m_window.get())); };
+    connect(new QShortcut(Qt::Key_F9, m_window.get()), &QShortcut::activated, this, toggle);
+    if (m_commandLine.panel) {
+        toggle();
+    }
 }
 
 /** Finds the address to open, and starts the server for what is local. */

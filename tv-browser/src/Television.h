@@ -38,6 +38,7 @@ public:
 
 private:
     void keepTimeline();
+    void addTimelinePanel();
     void addRemoteControl();
     bool serve(QUrl& url);
     QString addressName(const QUrl& url) const;

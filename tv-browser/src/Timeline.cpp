@@ -1,9 +1,9 @@
 #include "Timeline.h"
 
+#include "MonotonicTime.h"
 #include "ObservedEntry.h"
 
 #include <algorithm>
-#include <ctime>
 #include <iterator>
 #include <limits>
 
@@ -14,12 +14,6 @@ constexpr int64_t holdUs = 20'000;
 constexpr int releaseIntervalMs = 20;
 
 } // namespace
-
-int64_t monotonicUs() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return int64_t{now.tv_sec} * 1'000'000 + now.tv_nsec / 1000;
-}
 
 Timeline::Timeline(int64_t startUs) : m_startUs(startUs) {
     m_timer.setInterval(releaseIntervalMs);

@@ -41,7 +41,4 @@ private:
     TimelineEntries m_waiting; ///< guarded by the mutex
 };
 
-/** @return CLOCK_MONOTONIC in microseconds */
-int64_t monotonicUs();
-
 #endif

@@ -27,3 +27,17 @@ QString playbackErrorName(int code) {
     return code < 0 || code >= static_cast<int>(names.size()) ? QStringLiteral("error %1").arg(code)
                                                               : QLatin1String(names[static_cast<size_t>(code)]);
 }
+
+QJsonObject timelineJson(const TimelineEntry& entry) {
+    QJsonObject json = entry.fields;
+    json[QStringLiteral("time")] = static_cast<qint64>(entry.timeUs);
+    json[QStringLiteral("kind")] = QLatin1String(timelineKindName(entry.kind));
+    json[QStringLiteral("object")] = entry.object;
+    if (entry.player >= 0) {
+        json[QStringLiteral("player")] = entry.player;
+    }
+    if (entry.tookUs >= 0) {
+        json[QStringLiteral("took")] = static_cast<qint64>(entry.tookUs);
+    }
+    return json;
+}

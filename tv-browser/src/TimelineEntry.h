@@ -49,6 +49,9 @@ constexpr int timelineKindCount = static_cast<int>(TimelineEntry::Kind::STALL) +
 /** @return the kind's word in the trace and in the file */
 const char* timelineKindName(TimelineEntry::Kind kind);
 
+/** @return the entry as docs/timeline.md has it */
+QJsonObject timelineJson(const TimelineEntry& entry);
+
 /** @return "playing" for a `playState` of 1, and so on */
 QString playStateName(int state);
 

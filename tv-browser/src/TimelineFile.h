@@ -23,7 +23,4 @@ private:
     QFile m_file;
 };
 
-/** @return the entry as the file has it */
-QByteArray timelineJson(const TimelineEntry& entry);
-
 #endif

@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "HeadlessMessages.h"
+#include "MonotonicTime.h"
 #include "Profile.h"
 #include "Television.h"
 #include "Watchdog.h"

@@ -1,0 +1,12 @@
+/**
+ * The clock of time stamps.
+ */
+#ifndef MONOTONICTIME_H
+#define MONOTONICTIME_H
+
+#include <cstdint>
+
+/** @return CLOCK_MONOTONIC in microseconds */
+int64_t monotonicUs();
+
+#endif

@@ -1,0 +1,149 @@
+#include "TimelinePanel.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QJsonDocument>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTableView>
+#include <QToolButton>
+
+namespace {
+
+using Kind = TimelineEntry::Kind;
+
+constexpr QSize panelSize(700, 720);
+constexpr int rowHeight = 20;
+
+const char* const panelStyle =
+    "TimelinePanel { background: #1d2026; }"
+    "QTableView, QPlainTextEdit, QLineEdit { background: #14161b; color: #c8ccd2; border: 0; }"
+    "QTableView::item:selected { background: #34507a; }"
+    "QHeaderView::section { background: #1d2026; color: #8a93a3; border: 0; padding: 2px 4px; }"
+    "QLineEdit { padding: 4px 6px; border-radius: 4px; }"
+    "QToolButton { background: #2a2e35; color: #8a93a3; border: 0; border-radius: 4px; padding: 4px 7px; }"
+    "QScrollBar { background: #14161b; border: 0; width: 10px; height: 10px; }"
+    "QScrollBar::handle { background: #3a3f47; border-radius: 5px; min-height: 30px; min-width: 30px; }"
+    "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: #14161b; }"
+    "QToolButton:checked { background: #3f5f8f; color: white; }";
+
+const struct {
+    const char* label;
+    std::initializer_list<Kind> kinds;
+} groups[] = {
+    {"Calls", {Kind::CALL, Kind::CREATED, Kind::GONE, Kind::PARAM}},
+    {"Properties", {Kind::READ, Kind::WRITE}},
+    {"States, events", {Kind::STATE, Kind::EVENT}},
+    {"Player", {Kind::COMMAND, Kind::REPORT, Kind::NOTE}},
+    {"Network", {Kind::REQUEST, Kind::BUFFER}},
+    {"Console", {Kind::CONSOLE, Kind::SCRIPT_ERROR, Kind::PAGE}},
+    {"Keys", {Kind::KEY}},
+};
+
+} // namespace
+
+TimelinePanel::TimelinePanel(int64_t startUs)
+    : m_bands(new StateBands(startUs)), m_objects(new ObjectTable), m_text(new QLineEdit), m_list(makeList()),
+      m_whole(new QPlainTextEdit) {
+    setAttribute(Qt::WA_StyledBackground);
+    setStyleSheet(QString::fromLatin1(panelStyle));
+    setFont(QFont(font().family(), 9));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    m_objects->setFixedHeight(4 * 24);
+    m_whole->setReadOnly(true);
+    m_whole->setFixedHeight(130);
+    m_whole->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_whole->setPlaceholderText(QStringLiteral("Click an entry to see it whole."));
+    m_whole->setFocusPolicy(Qt::ClickFocus);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 6, 8, 8);
+    layout->setSpacing(6);
+    layout->addWidget(m_bands);
+    layout->addWidget(m_objects);
+    layout->addLayout(makeFilters());
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_whole);
+    connect(m_objects, &ObjectTable::chosen, &m_filter, &TimelineFilter::showObject);
+}
+
+QSize TimelinePanel::sizeHint() const {
+    return panelSize;
+}
+
+QHBoxLayout* TimelinePanel::makeFilters() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    for (const auto& group : groups) {
+        TimelineFilter::Kinds kinds;
+        for (const Kind kind : group.kinds) {
+            kinds.set(static_cast<size_t>(kind));
+        }
+        auto* button = new QToolButton;
+        button->setText(QString::fromLatin1(group.label));
+        button->setCheckable(true);
+        button->setChecked(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        connect(button, &QToolButton::toggled, &m_filter, [this, kinds](bool on) { m_filter.showKinds(kinds, on); });
+        row->addWidget(button);
+    }
+    m_text->setPlaceholderText(QStringLiteral("contains"));
+    m_text->setClearButtonEnabled(true);
+    m_text->setFocusPolicy(Qt::StrongFocus);
+    connect(m_text, &QLineEdit::textChanged, &m_filter, &TimelineFilter::showText);
+    row->addWidget(m_text, 1);
+    return row;
+}
+
+QTableView* TimelinePanel::makeList() {
+    m_filter.setSourceModel(&m_model);
+    auto* list = new QTableView;
+    list->setObjectName(QStringLiteral("entries"));
+    list->setModel(&m_filter);
+    list->setSelectionBehavior(QTableView::SelectRows);
+    list->setSelectionMode(QTableView::SingleSelection);
+    list->setShowGrid(false);
+    list->setWordWrap(false);
+    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    list->setVerticalScrollMode(QTableView::ScrollPerPixel);
+    list->verticalHeader()->hide();
+    list->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    list->verticalHeader()->setDefaultSectionSize(rowHeight);
+    QHeaderView* header = list->horizontalHeader();
+    header->setSectionResizeMode(TimelineModel::TEXT, QHeaderView::Stretch);
+    header->resizeSection(TimelineModel::TIME, 84);
+    header->resizeSection(TimelineModel::OBJECT, 50);
+    header->resizeSection(TimelineModel::KIND, 92);
+    header->resizeSection(TimelineModel::TOOK, 70);
+    follow(*list);
+    connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &TimelinePanel::showEntry);
+    return list;
+}
+
+/** Keeps the list at its end, until a person scrolls up. */
+void TimelinePanel::follow(QTableView& list) {
+    QScrollBar* bar = list.verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { m_follows = value == bar->maximum(); });
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
+        if (m_follows) {
+            bar->setValue(maximum);
+        }
+    });
+}
+
+void TimelinePanel::append(const TimelineEntries& entries) {
+    m_model.append(entries);
+    m_bands->append(entries);
+    m_objects->append(entries);
+}
+
+void TimelinePanel::showEntry(const QModelIndex& index) {
+    if (!index.isValid()) {
+        return;
+    }
+    const TimelineEntry& entry = m_model.entry(m_filter.mapToSource(index).row());
+    m_whole->setPlainText(QString::fromUtf8(QJsonDocument(timelineJson(entry)).toJson()));
+}

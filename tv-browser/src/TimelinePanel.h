@@ -1,0 +1,46 @@
+/**
+ * The timeline beside the picture: states as bands, objects, a list with filters, and one entry whole.
+ */
+#ifndef TIMELINEPANEL_H
+#define TIMELINEPANEL_H
+
+#include "ObjectTable.h"
+#include "StateBands.h"
+#include "TimelineFilter.h"
+#include "TimelineModel.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QLineEdit;
+class QPlainTextEdit;
+class QTableView;
+
+class TimelinePanel : public QWidget {
+    Q_OBJECT
+public:
+    /** @param startUs as of StateBands */
+    explicit TimelinePanel(int64_t startUs);
+
+    /** Adds what is new; also while the panel is hidden. */
+    void append(const TimelineEntries& entries);
+
+    QSize sizeHint() const override;
+
+private:
+    QHBoxLayout* makeFilters();
+    QTableView* makeList();
+    void follow(QTableView& list);
+    void showEntry(const QModelIndex& index);
+
+    StateBands* m_bands;
+    ObjectTable* m_objects;
+    TimelineModel m_model;
+    TimelineFilter m_filter;
+    QLineEdit* m_text;
+    QTableView* m_list;
+    QPlainTextEdit* m_whole;
+    bool m_follows = true; ///< the list stays at its newest entry
+};
+
+#endif
