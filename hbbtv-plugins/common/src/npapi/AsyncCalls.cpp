@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <deque>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -20,6 +21,9 @@ struct Queue {
     std::mutex mutex;
     std::vector<NPP> open;
     std::deque<Call> waiting;
+    std::deque<Call> held; // of other threads, until the plug-in thread is out of all operations
+    int operations = 0;
+    std::thread::id pluginThread;
 };
 
 // Made at the first use and kept: a player's thread may still be in here when the process ends.
@@ -28,8 +32,18 @@ Queue& queue() {
     return *theQueue;
 }
 
+void wakeUp(void* instance);
+
 bool isOpen(const Queue& q, NPP instance) {
     return std::find(q.open.begin(), q.open.end(), instance) != q.open.end();
+}
+
+/// The caller holds the lock, so that the instance is not destroyed between the question and the engine's own look-up.
+void addWaiting(Queue& q, const Call& call) {
+    q.waiting.push_back(call);
+    if (isOpen(q, call.instance)) {
+        browserFunctions().pluginthreadasynccall(call.instance, wakeUp, call.instance);
+    }
 }
 
 /// Takes the oldest waiting call that `wanted` accepts.
@@ -88,6 +102,10 @@ void closeAsyncCalls(NPP instance) {
     {
         const std::lock_guard<std::mutex> lock(q.mutex);
         q.open.erase(std::remove(q.open.begin(), q.open.end(), instance), q.open.end());
+        const auto others = std::stable_partition(q.held.begin(), q.held.end(),
+                                                  [instance](const Call& call) { return call.instance == instance; });
+        q.waiting.insert(q.waiting.end(), q.held.begin(), others);
+        q.held.erase(q.held.begin(), others);
     }
     runAll([instance](const Call& waiting) { return waiting.instance == instance; });
 }
@@ -99,10 +117,28 @@ void drainAsyncCalls() {
 
 void queueAsyncCall(NPP instance, void (*func)(void*), void* userData) {
     Queue& q = queue();
-    // Under the lock, so that the instance is not destroyed between the question and the engine's own look-up.
     const std::lock_guard<std::mutex> lock(q.mutex);
-    q.waiting.push_back({instance, func, userData});
-    if (isOpen(q, instance)) {
-        browserFunctions().pluginthreadasynccall(instance, wakeUp, instance);
+    if (q.operations > 0 && std::this_thread::get_id() != q.pluginThread) {
+        q.held.push_back({instance, func, userData});
+    } else {
+        addWaiting(q, {instance, func, userData});
+    }
+}
+
+OperationScope::OperationScope() {
+    Queue& q = queue();
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    q.pluginThread = std::this_thread::get_id();
+    ++q.operations;
+}
+
+OperationScope::~OperationScope() {
+    Queue& q = queue();
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    if (--q.operations == 0) {
+        for (const Call& call : q.held) {
+            addWaiting(q, call);
+        }
+        q.held.clear();
     }
 }

@@ -21,4 +21,17 @@ void drainAsyncCalls();
 /** As NPN_PluginThreadAsyncCall. Any thread; the instance may have gone: the call is then run by drainAsyncCalls. */
 void queueAsyncCall(NPP instance, void (*func)(void*), void* userData);
 
+/**
+ * While script is in an operation of a plug-in. What the operation itself queues then comes before what other threads
+ * queue meanwhile: a player's answer to a command must not overtake what the object tells of the command.
+ * Plug-in thread.
+ */
+class OperationScope {
+public:
+    OperationScope();
+    ~OperationScope();
+    OperationScope(const OperationScope&) = delete;
+    OperationScope& operator=(const OperationScope&) = delete;
+};
+
 #endif

@@ -1,5 +1,6 @@
 #include "PluginScriptObject.h"
 
+#include "AsyncCalls.h"
 #include "CollectionArray.h"
 #include "PageFunction.h"
 #include "PageRecord.h"
@@ -36,6 +37,7 @@ bool hasMethod(NPObject* object, NPIdentifier name) {
 
 bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
                   uint32_t argCount, NPVariant* result) {
+    const OperationScope scope;
     if (!pluginTraceIsOn()) {
         return instance.plugin()->invoke(element, name, args, argCount, result);
     }
