@@ -64,10 +64,10 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
         return false;
     }
     for (int16_t i = 0; i < argc; ++i) {
-        if (!argn[i] || !argv[i] || !m_plugin->hasParam(argn[i])) {
+        if (!argn[i]) {
             continue;
         }
-        if (pluginTraceIsOn()) {
+        if (pluginTraceIsOn() && argv[i]) {
             pluginTraceEntry(HBBTV_TRACE_PARAM, m_number, pluginTraceNow(), 0, argn[i],
                              '"' + std::string(argv[i]) + '"');
         }
@@ -78,6 +78,7 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
 }
 
 bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
+    const OperationScope scope;
     if (pluginTraceIsOn()) {
         pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0, describeIdentifier(name),
                          describeVariant(value));
