@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "FaultRule.h"
 #include "KeyboardHelp.h"
 
 #include <QCommandLineParser>
@@ -7,48 +8,40 @@
 
 namespace {
 
-const char* const usageHead = R"(Usage: tv-browser [options] URL|FILE|FOLDER
+const char* const usage = R"(Usage: tv-browser [options] URL|FILE|FOLDER
+Opens a page as an HbbTV television would. Files are served over HTTP on this machine only.
 
-Opens a page as an HbbTV television would. A file or folder (its index.html) is
-served over HTTP on this machine only.
+  --headless               no window, no display needed (also without DISPLAY)
+  --mount NAME=FOLDER      serve FOLDER under /NAME/ too; may be repeated
+  --keys LIST              press keys once the page is there: RIGHT,ENTER,wait:2,DOWN:1.5 (held),F9;
+                           --keys help prints their names and those of the keyboard
+  --screenshot FILE        write the picture as PNG; without a window the program then ends, unless it
+                           has --exit-after or --verdict
+  --after SECONDS          when, since the start (5, or at the verdict)
+  --exit-after SECONDS     end then, since the start
+  --verdict                end when document.title is PASS (exit code 0) or starts with FAIL (1), or
+                           with 1 at --exit-after (60)
 
-  --headless            no window, no display needed (also without DISPLAY)
-  --mount NAME=FOLDER   serve FOLDER under /NAME/ too; may be repeated
-  --keys LIST           press keys once the page is loaded, for example
-                        RIGHT,ENTER,wait:2,BACK (key names below); RIGHT:1.5
-                        holds the key for that many seconds
-  --trace               print script calls, events to the page, and the player's
-                        commands and reports, with seconds since the start
-  --panel               show the same beside the picture, as F9 does
-  --timeline FILE       write the same, and more, as JSON lines: docs/timeline.md
-  --screenshot FILE     write the television's picture as PNG; without a window,
-                        --exit-after or --verdict the program then ends
-  --after SECONDS       when to take the screenshot, since the start (5, or at
-                        the verdict)
-  --exit-after SECONDS  end then, counted since the start
-  --verdict             end when document.title is PASS (exit code 0) or starts
-                        with FAIL (1), or with 1 at --exit-after (60)
-  --profile FOLDER      keep cookies and the pages' storage there; without it
-                        they end with the program. Its file user-agent, when
-                        there is one, holds the user agent
-  --first-start         empty the profile before
-  --user-agent TEXT     user agent of page and media requests
-  --trust FILE          accept a test server's own certificate too (PEM)
+  --trace                  print all that happens: calls, events, player, requests, keys
+  --timeline FILE          write the same for programs, as JSON lines: docs/timeline.md
+  --panel                  show the same beside the picture (F9)
+  --inspect                open the engine's inspector (F12)
+  --fault PATTERN=FAULTS   local files that fit go wrong, as *.m4s=delay:3000,throttle:50000; may be
+                           repeated: docs/faults.md
+  --inject LIST            player reports, seconds after the page is there: 5:buffering,8:error=3;
+                           --inject help prints their names
+
+  --profile FOLDER         keep cookies and storage there; else they end with the program. Its file
+                           user-agent, when there is one, holds the user agent
+  --first-start            empty the profile before (while it runs: Shift+F7)
+  --user-agent TEXT        of page and media requests
+  --trust FILE             accept a test server's own certificate too (PEM)
   --no-spatial-navigation  the arrow keys do not move the focus by themselves
-  --plugin-path FOLDER  folder of npavcontrol.so (../lib/npapi beside the program)
-  --help, --version     print this, or the version
+  --plugin-path FOLDER     folder of npavcontrol.so (../lib/npapi beside the program)
+  --help, --version        print this, or the version
 
-)";
-
-const char* const usageTail = R"(A page gets the keys of its key set; at first these are all but
-TELETEXT and SUBTITLE.
-
-Environment
-  AVCONTROL_LOG_CONSOLE=off|error|warning|all     plug-in log on the console
-  AVCONTROL_LOG_FILE=PATH                         plug-in log in a file
-  AVCONTROL_LOG_FILE_LEVEL=off|error|warning|all  its level
-  AVCONTROL_AUDIO_SINK=ELEMENT                    GStreamer element for the sound
-
+Environment: AVCONTROL_LOG_CONSOLE=off|error|warning|all, the plug-in's log on the console;
+AVCONTROL_LOG_FILE=PATH and AVCONTROL_LOG_FILE_LEVEL, in a file; AVCONTROL_AUDIO_SINK, GStreamer element.
 Exit codes: 0 done, 1 failed (page, plug-in, verdict), 2 wrong use.
 )";
 
@@ -73,6 +66,14 @@ bool readSeconds(const QCommandLineParser& parser, const QString& option, std::o
     return true;
 }
 
+QString injectionHelp() {
+    QString text;
+    for (const InjectedReport& report : injectableReports()) {
+        text += QStringLiteral("%1 %2\n").arg(report.name, -16).arg(report.text);
+    }
+    return text;
+}
+
 QString badSeconds(const QCommandLineParser& parser, const QString& option) {
     return QStringLiteral("--%1 %2: not a number of seconds from 0 to 1000000").arg(option, parser.value(option));
 }
@@ -81,20 +82,25 @@ QString badSeconds(const QCommandLineParser& parser, const QString& option) {
 
 CommandLineResult parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* name :
-         {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "panel", "help", "version"}) {
+    for (const char* name : {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "panel", "inspect",
+                             "help", "version"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     }
     for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile",
-                             "user-agent", "trust", "timeline"}) {
+                             "user-agent", "trust", "timeline", "fault", "inject"}) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
     }
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
     if (parser.isSet(QStringLiteral("help"))) {
-        return {std::nullopt, QLatin1String(usageHead) + QLatin1String(keyboardHelpText()) + QLatin1String(usageTail),
-                0};
+        return {std::nullopt, QLatin1String(usage), 0};
+    }
+    if (parser.value(QStringLiteral("keys")) == QLatin1String("help")) {
+        return {std::nullopt, QLatin1String(keyboardHelpText()), 0};
+    }
+    if (parser.value(QStringLiteral("inject")) == QLatin1String("help")) {
+        return {std::nullopt, injectionHelp(), 0};
     }
     if (parser.isSet(QStringLiteral("version"))) {
         return {std::nullopt, QStringLiteral("tv-browser " TV_BROWSER_VERSION "\n"), 0};
@@ -107,6 +113,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
     }
     line.target = parser.positionalArguments().constFirst();
     line.headless = parser.isSet(QStringLiteral("headless"));
+    line.inspect = parser.isSet(QStringLiteral("inspect"));
     line.panel = parser.isSet(QStringLiteral("panel"));
     line.trace = parser.isSet(QStringLiteral("trace"));
     line.verdict = parser.isSet(QStringLiteral("verdict"));
@@ -128,12 +135,32 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
         line.mounts.append({name, folder});
     }
 
+    for (const QString& rule : parser.values(QStringLiteral("fault"))) {
+        QString wrong;
+        if (!parseFaultRule(rule, wrong)) {
+            return refusal(
+                QStringLiteral("--fault %1: \"%2\" is not of the form PATTERN=FAULTS; docs/faults.md has them")
+                    .arg(rule, wrong));
+        }
+        line.faults.append(rule);
+    }
+    if (parser.isSet(QStringLiteral("inject"))) {
+        QString wrong;
+        const auto reports = parseInjectedReports(parser.value(QStringLiteral("inject")), wrong);
+        if (!reports) {
+            return refusal(QStringLiteral("--inject: \"%1\" is not SECONDS:REPORT; see --inject help").arg(wrong));
+        }
+        line.reports = *reports;
+    }
+
     const QString keysOption = QStringLiteral("keys");
     if (parser.isSet(keysOption)) {
         QString wrong;
         const auto steps = parseRemoteKeySteps(parser.value(keysOption), wrong);
         if (!steps) {
-            return refusal(QStringLiteral("--keys: \"%1\" is neither a key, KEY:SECONDS, nor wait:SECONDS").arg(wrong));
+            return refusal(
+                QStringLiteral("--keys: \"%1\" is neither a key, KEY:SECONDS, nor wait:SECONDS; see --keys help")
+                    .arg(wrong));
         }
         line.keys = *steps;
     }

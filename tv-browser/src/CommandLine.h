@@ -4,6 +4,7 @@
 #ifndef COMMANDLINE_H
 #define COMMANDLINE_H
 
+#include "InjectedReport.h"
 #include "RemoteKeys.h"
 
 #include <QList>
@@ -24,7 +25,10 @@ struct CommandLine {
     std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
     std::optional<double> exitAfter;       /**< seconds; always there with a verdict */
     QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
+    QStringList faults;                    /**< `PATTERN=FAULTS` each, good ones */
+    QList<InjectedReport> reports;         /**< of the player, in seconds after the page is there */
     bool headless = false;
+    bool inspect = false; /**< with the inspector from the start */
     bool spatialNavigation = true;
     bool firstStart = false; /**< the profile is emptied first */
     bool panel = false;      /**< the timeline beside the picture from the start */

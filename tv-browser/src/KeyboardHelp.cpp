@@ -14,8 +14,12 @@ const char* keyboardHelpText() {
   TELETEXT              t                     SUBTITLE          u
   PLAY_PAUSE, TRACK_PREV, TRACK_NEXT          the keyboard's own media keys
 Window                  Keyboard              Window            Keyboard
-  this table            F1                    remote control    F6
-  full screen           F11                   timeline          F9
+  menu                  F10                   timeline          F9
+  reload                F7                    inspector         F12
+  as at first start     Shift+F7              screenshot        F8
+  address               Ctrl+L                remote control    F6
+  back, forward         Alt+Left, Alt+Right   full screen       F11
+  this table            F1
 )";
 }
 

@@ -1,5 +1,5 @@
 /**
- * What the keys of the keyboard do: one text, for --help and for the window.
+ * What the keys of the keyboard do: one text, for the command line and for the window.
  */
 #ifndef KEYBOARDHELP_H
 #define KEYBOARDHELP_H

@@ -153,12 +153,13 @@ std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QSt
         bool isTime = false;
         const double seconds = time.toDouble(&isTime);
         const RemoteKey* key = remoteKeyNamed(name);
+        const DeskKey* deskKey = key ? nullptr : deskKeyNamed(name);
         const bool isPause = name.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
-        if ((!key && !isPause) || (isTime ? seconds < 0 : isPause || part.contains(QLatin1Char(':')))) {
+        if ((!key && !deskKey && !isPause) || (isTime ? seconds < 0 : isPause || part.contains(QLatin1Char(':')))) {
             wrong = part.trimmed();
             return std::nullopt;
         }
-        steps.append({key, isTime ? seconds : tap});
+        steps.append({key, deskKey, isTime ? seconds : tap});
     }
     return steps;
 }

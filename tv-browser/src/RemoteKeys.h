@@ -4,6 +4,8 @@
 #ifndef REMOTEKEYS_H
 #define REMOTEKEYS_H
 
+#include "DeskKeys.h"
+
 #include <QList>
 #include <QString>
 #include <optional>
@@ -46,12 +48,13 @@ QString remoteKeyConstantsScript();
 
 /** A step of a key sequence: a key to press, or a pause. */
 struct RemoteKeyStep {
-    const RemoteKey* key; /**< null for a pause */
-    double seconds;       /**< how long the key is held, or the pause lasts */
+    const RemoteKey* key;   /**< null for a pause or a key of the desk */
+    const DeskKey* deskKey; /**< null for a pause or a key of the remote control */
+    double seconds;         /**< how long the key is held, or the pause lasts */
 };
 
 /**
- * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK:1.5".
+ * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK:1.5,F9".
  * @param wrong receives the first part that is neither a key's name, `KEY:SECONDS`, nor `wait:SECONDS`
  */
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong);

@@ -1,16 +1,13 @@
 #include "Television.h"
 
-#include "KeyboardHelp.h"
+#include "FaultRule.h"
+#include "InjectedReport.h"
 #include "MonotonicTime.h"
-#include "RemotePanel.h"
-#include "TimelinePanel.h"
 #include "TraceLog.h"
-#include "TvPicture.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QShortcut>
 #include <QTimer>
 #include <QWebFrame>
 #include <algorithm>
@@ -46,8 +43,11 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
     if (!commandLine.headless) {
         m_window = std::make_unique<TvWindow>(m_screen);
         connect(m_window.get(), &TvWindow::remoteKey, this, &Television::sendKey);
-        addRemoteControl();
-        addTimelinePanel();
+        m_desk =
+            std::make_unique<Desk>(DeskParts{*m_window, m_page, m_screen, m_server, *m_timeline}, commandLine, startUs);
+        connect(m_desk.get(), &Desk::remoteKey, this, &Television::sendKey);
+        connect(m_desk.get(), &Desk::addressEntered, this, &Television::openAddress);
+        connect(m_desk.get(), &Desk::firstStartWanted, this, [this] { restart(m_commandLine.target); });
     }
     connect(&m_heldKey, &KeyHold::remoteKey, this, &Television::sendKey);
     m_page.setSpatialNavigation(commandLine.spatialNavigation);
@@ -78,6 +78,7 @@ int Television::run(const QString& pluginModule) {
     }
     if (m_window) {
         m_window->show();
+        m_desk->open(m_commandLine);
     }
     if (!m_commandLine.screenshotFile.isEmpty() && m_commandLine.screenshotAfter) {
         after(*m_commandLine.screenshotAfter, &Television::takeScreenshot);
@@ -116,30 +117,6 @@ void Television::keepTimeline() {
     }
 }
 
-/** The keyboard's table and the remote control on the screen. */
-void Television::addRemoteControl() {
-    auto* help = new KeyboardHelp(&m_window->picture());
-    connect(new QShortcut(Qt::Key_F1, m_window.get()), &QShortcut::activated, help, &KeyboardHelp::toggle);
-
-    auto* remote = new RemotePanel(m_commandLine.spatialNavigation);
-    connect(remote, &RemotePanel::remoteKey, this, &Television::sendKey);
-    connect(remote, &RemotePanel::spatialNavigationSwitched, &m_page, &TvPage::setSpatialNavigation);
-    m_window->addPanel(remote, TvWindow::Side::LEFT);
-    connect(new QShortcut(Qt::Key_F6, m_window.get()), &QShortcut::activated, this,
-            [this, remote] { m_window->showPanel(*remote, !remote->isVisibleTo(m_window.get())); });
-}
-
-void Television::addTimelinePanel() {
-    auto* panel = new TimelinePanel(m_startUs);
-    connect(m_timeline.get(), &Timeline::grown, panel, &TimelinePanel::append);
-    m_window->addPanel(panel, TvWindow::Side::RIGHT);
-    const auto toggle = [this, panel] { m_window->showPanel(*panel, !panel->isVisibleTo(m_window.get())); };
-    connect(new QShortcut(Qt::Key_F9, m_window.get()), &QShortcut::activated, this, toggle);
-    if (m_commandLine.panel) {
-        toggle();
-    }
-}
-
 /** Finds the address to open, and starts the server for what is local. */
 bool Television::serve(QUrl& url) {
     const QFileInfo target(m_commandLine.target);
@@ -168,6 +145,12 @@ bool Television::serve(QUrl& url) {
         const QString folder = target.isDir() ? target.filePath() : target.path();
         m_server.mount(std::string(), folder.toLocal8Bit().toStdString());
     }
+    std::vector<ServerFaultRule> faults;
+    for (const QString& rule : m_commandLine.faults) {
+        QString wrong;
+        faults.push_back(*parseFaultRule(rule, wrong)); // The command line has looked at it.
+    }
+    m_server.setFaults(std::move(faults));
     const int port = m_server.start(m_profile.localPort());
     if (port == 0) {
         complain(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
@@ -201,7 +184,28 @@ void Television::pageLoaded() {
     if (!m_wasLoaded) {
         m_wasLoaded = true;
         pressNextKey();
+        for (const InjectedReport& report : m_commandLine.reports) {
+            QTimer::singleShot(toMilliseconds(report.seconds), this, [report] {
+                if (!inject(report)) {
+                    complain(QStringLiteral("--inject %1: the page has no A/V Control object").arg(report.name));
+                }
+            });
+        }
     }
+}
+
+/** Another page, as a person enters it. */
+void Television::openAddress(const QString& address) {
+    if (QFileInfo::exists(address)) {
+        restart(address); // Its folder has to be served.
+        return;
+    }
+    m_page.open(QUrl::fromUserInput(address));
+}
+
+void Television::restart(const QString& target) {
+    m_restartTarget = target;
+    QCoreApplication::exit(0);
 }
 
 void Television::pageFailed(const QString& reason) {
@@ -238,6 +242,16 @@ void Television::pressNextKey() {
         return;
     }
     const RemoteKeyStep& step = m_commandLine.keys[m_nextKey++];
+    if (step.deskKey) {
+        if (m_desk) {
+            m_desk->trigger(step.deskKey->action);
+        } else {
+            complain(QStringLiteral("--keys %1: that key is the window's, and there is none")
+                         .arg(QLatin1String(step.deskKey->shortcut)));
+        }
+        QTimer::singleShot(toMilliseconds(keyGapSeconds), this, &Television::pressNextKey);
+        return;
+    }
     if (!step.key) {
         QTimer::singleShot(toMilliseconds(step.seconds), this, &Television::pressNextKey);
         return;

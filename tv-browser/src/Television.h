@@ -5,6 +5,7 @@
 #define TELEVISION_H
 
 #include "CommandLine.h"
+#include "Desk.h"
 #include "KeyHold.h"
 #include "LoopbackServer.h"
 #include "Profile.h"
@@ -36,14 +37,17 @@ public:
      */
     int run(const QString& pluginModule);
 
+    /** @return what the program is to start anew with, and an empty profile; empty when it has just ended */
+    const QString& restartTarget() const { return m_restartTarget; }
+
 private:
     void keepTimeline();
-    void addTimelinePanel();
-    void addRemoteControl();
     bool serve(QUrl& url);
     QString addressName(const QUrl& url) const;
     void pageLoaded();
     void pageFailed(const QString& reason);
+    void openAddress(const QString& address);
+    void restart(const QString& target);
     void titleChanged(const QString& title);
     void pressNextKey();
     void sendKey(const RemoteKey& key, bool pressed, bool isRepeat);
@@ -61,8 +65,10 @@ private:
     TvScreen m_screen;
     std::unique_ptr<ScreenProbe> m_probe;
     std::unique_ptr<TvWindow> m_window;
-    KeyHold m_heldKey; ///< of the command line's keys
+    std::unique_ptr<Desk> m_desk; ///< of the window
+    KeyHold m_heldKey;            ///< of the command line's keys
     QString m_serverAddress;
+    QString m_restartTarget;
     int m_nextKey = 0;
     bool m_wasLoaded = false;
 };

@@ -40,9 +40,7 @@ void TvWindow::toggleFullScreen() {
 }
 
 void TvWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F11) {
-        toggleFullScreen();
-    } else if (const RemoteKey* key = remoteKeyOfKeyboard(event->key())) {
+    if (const RemoteKey* key = remoteKeyOfKeyboard(event->key())) {
         emit remoteKey(*key, true, event->isAutoRepeat());
     }
 }

@@ -11,8 +11,12 @@
 #include <QFileInfo>
 #include <QSslCertificate>
 #include <QSslConfiguration>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <dlfcn.h>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -35,8 +39,10 @@ QString loadProblem(const QString& module) {
 
 /** Decides between a window and none, before Qt does. */
 void choosePlatform(CommandLine& commandLine) {
-    if (commandLine.headless ||
-        (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))) {
+    const bool hasDisplay = !qEnvironmentVariableIsEmpty("DISPLAY") ||
+                            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+                            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (commandLine.headless || !hasDisplay) {
         commandLine.headless = true;
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qunsetenv("DISPLAY"); // The offscreen platform would connect to it for OpenGL.
@@ -67,6 +73,26 @@ QString applySettings(const CommandLine& commandLine) {
         }
     }
     return {};
+}
+
+/** Becomes the program anew, with an empty profile, and without pressing keys again. @return when that is not possible,
+ * the exit code */
+int startAnew(QStringList arguments) {
+    if (!arguments.contains(QStringLiteral("--first-start"))) {
+        arguments.insert(1, QStringLiteral("--first-start"));
+    }
+    arguments += {QStringLiteral("--keys"), QStringLiteral("wait:0")}; // the last one counts
+    std::vector<QByteArray> texts;
+    std::vector<char*> pointers;
+    texts.reserve(static_cast<size_t>(arguments.size()));
+    for (const QString& argument : arguments) {
+        texts.push_back(argument.toLocal8Bit());
+        pointers.push_back(texts.back().data());
+    }
+    pointers.push_back(nullptr);
+    execv("/proc/self/exe", pointers.data());
+    std::fprintf(stderr, "tv-browser: cannot start anew: %s\n", std::strerror(errno));
+    return 1;
 }
 
 } // namespace
@@ -106,6 +132,16 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(settingsProblem));
         return 1;
     }
-    Television television(commandLine, startUs);
-    return television.run(pluginModule);
+    QString restartTarget;
+    int exitCode = 0;
+    {
+        Television television(commandLine, startUs);
+        exitCode = television.run(pluginModule);
+        restartTarget = television.restartTarget();
+    }
+    if (restartTarget.isEmpty()) {
+        return exitCode;
+    }
+    arguments.replace(arguments.lastIndexOf(commandLine.target), restartTarget);
+    return startAnew(arguments);
 }

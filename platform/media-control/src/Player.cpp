@@ -140,6 +140,11 @@ bool Player::postSelection(AVComponentType type, const std::string& stream) {
     return true;
 }
 
+void Player::inject(eMEDIA_CALLBACK_EVENT event, int code) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    post([event, code](Player& player) { player.m_status.report(player.m_status.run(), event, code, "injected"); });
+}
+
 void Player::close() {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
     m_status.setCallback(nullptr, nullptr);

@@ -43,6 +43,9 @@ public:
     /** @param pid of the component to unselect, none for whichever is active */
     bool unselect(AVComponentType type, std::optional<int> pid);
 
+    /** As mediaInjectReport. */
+    void inject(eMEDIA_CALLBACK_EVENT event, int code);
+
     /** Ends everything; the object takes no commands after it. */
     void close();
 

@@ -29,6 +29,10 @@ const char* eventName(eMEDIA_CALLBACK_EVENT event) {
         return "ERROR";
     case eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED:
         return "SELECTED_COMPONENT_CHANGED";
+    case eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED:
+        return "PARENTAL_RATING_CHANGED";
+    case eMEDIA_CALLBACK_DRM_RIGHTS_ERROR:
+        return "DRM_RIGHTS_ERROR";
     default:
         return "unknown event";
     }
@@ -147,6 +151,11 @@ int PlayerStatus::speed() const {
     return m_speed;
 }
 
+unsigned PlayerStatus::run() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_run;
+}
+
 bool PlayerStatus::isCurrent(unsigned run) const {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return run == m_run;
@@ -221,7 +230,7 @@ void PlayerStatus::report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code, c
         callback = m_callback;
         userData = m_userData;
     }
-    const bool hasCode = event == eMEDIA_CALLBACK_ERROR || event == eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED;
+    const bool hasCode = event >= eMEDIA_CALLBACK_ERROR;
     traceReport(m_player, eventName(event) + (hasCode ? ' ' + std::to_string(code) : "") +
                               (detail.empty() ? "" : " (" + detail + ")"));
     if (callback) {

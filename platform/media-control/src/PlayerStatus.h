@@ -74,6 +74,9 @@ public:
     /** The media has come to its end: the position is the duration. */
     void finishRun(unsigned run);
 
+    /** @return the number of the present run, or of none */
+    unsigned run() const;
+
     /** Calls the callback. @param detail for the trace only, may be empty */
     void report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
 
