@@ -160,7 +160,9 @@ static bool writeFullScreen(VideoPlugin& plugin, const NPVariant& value) {
     const InstanceGuard guard(&plugin);
     const NPVariant result = plugin.SetFullScreen(value);
     if (guard.alive()) {
-        const AccessRight right = readTruth(plugin.m_pNpVarProperties[fullScreen]) ? R : RW;
+        const NPVariant& isFullScreen = plugin.m_pNpVarProperties[fullScreen];
+        const bool isTrue = NPVARIANT_IS_BOOLEAN(isFullScreen) && NPVARIANT_TO_BOOLEAN(isFullScreen);
+        const AccessRight right = isTrue ? R : RW;
         parProperties[width] = right;
         parProperties[height] = right;
     }
