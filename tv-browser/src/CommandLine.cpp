@@ -15,8 +15,8 @@ Opens a page as an HbbTV television would. Files are served over HTTP on this ma
   --mount NAME=FOLDER      serve FOLDER under /NAME/ too; may be repeated
   --keys LIST              press keys once the page is there: RIGHT,ENTER,wait:2,DOWN:1.5 (held),F9;
                            --keys help prints their names and those of the keyboard
-  --screenshot FILE        write the picture as PNG; without a window the program then ends, unless it
-                           has --exit-after or --verdict
+  --screenshot FILE        write the picture as PNG; without a window the program then ends, unless
+                           it has --exit-after or --verdict
   --after SECONDS          when, since the start (5, or at the verdict)
   --exit-after SECONDS     end then, since the start
   --verdict                end when document.title is PASS (exit code 0) or starts with FAIL (1), or
@@ -41,7 +41,8 @@ Opens a page as an HbbTV television would. Files are served over HTTP on this ma
   --help, --version        print this, or the version
 
 Environment: AVCONTROL_LOG_CONSOLE=off|error|warning|all, the plug-in's log on the console;
-AVCONTROL_LOG_FILE=PATH and AVCONTROL_LOG_FILE_LEVEL, in a file; AVCONTROL_AUDIO_SINK, GStreamer element.
+AVCONTROL_LOG_FILE=PATH and AVCONTROL_LOG_FILE_LEVEL, in a file; AVCONTROL_AUDIO_SINK, the GStreamer
+element for the sound.
 Exit codes: 0 done, 1 failed (page, plug-in, verdict), 2 wrong use.
 )";
 
@@ -66,6 +67,17 @@ bool readSeconds(const QCommandLineParser& parser, const QString& option, std::o
     return true;
 }
 
+void addOptions(QCommandLineParser& parser) {
+    for (const char* name : {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "panel", "inspect",
+                             "help", "version"}) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
+    }
+    for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile",
+                             "user-agent", "trust", "timeline", "fault", "inject"}) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
+    }
+}
+
 QString injectionHelp() {
     QString text;
     for (const InjectedReport& report : injectableReports()) {
@@ -82,14 +94,7 @@ QString badSeconds(const QCommandLineParser& parser, const QString& option) {
 
 CommandLineResult parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
-    for (const char* name : {"headless", "trace", "verdict", "first-start", "no-spatial-navigation", "panel", "inspect",
-                             "help", "version"}) {
-        parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
-    }
-    for (const char* name : {"mount", "keys", "screenshot", "after", "exit-after", "plugin-path", "profile",
-                             "user-agent", "trust", "timeline", "fault", "inject"}) {
-        parser.addOption(QCommandLineOption(QString::fromLatin1(name), QString(), QStringLiteral("value")));
-    }
+    addOptions(parser);
     if (!parser.parse(arguments)) {
         return refusal(parser.errorText());
     }
@@ -189,4 +194,16 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
                            .arg(*line.screenshotAfter));
     }
     return {line, QString(), 0};
+}
+
+int targetIndex(const QStringList& arguments) {
+    for (int count = 2; count < arguments.size(); ++count) {
+        QCommandLineParser parser;
+        addOptions(parser);
+        parser.parse(arguments.mid(0, count));
+        if (!parser.positionalArguments().isEmpty()) {
+            return count - 1;
+        }
+    }
+    return arguments.size() - 1;
 }

@@ -46,4 +46,7 @@ struct CommandLineResult {
 /** @param arguments the program's name first */
 CommandLineResult parseCommandLine(const QStringList& arguments);
 
+/** @return which of the arguments of a good command line is the target */
+int targetIndex(const QStringList& arguments);
+
 #endif

@@ -59,8 +59,10 @@ Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t start
     auto* faults = new FaultPanel(m_parts.server, commandLine.faults);
     window.addPanel(faults, TvWindow::Side::LEFT);
     m_faults = new QAction(QStringLiteral("Server faults"), this);
-    connect(m_faults, &QAction::triggered, faults,
-            [&window, faults] { window.showPanel(*faults, !faults->isVisibleTo(&window)); });
+    connect(m_faults, &QAction::triggered, faults, [&window, faults] {
+        window.showPanel(*faults, !faults->isVisibleTo(&window));
+        faults->setFocus();
+    });
     addMenu();
 
     m_parts.page.settings()->setAttribute(QWebSettings::DeveloperExtrasEnabled, true);

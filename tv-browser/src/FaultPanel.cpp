@@ -48,6 +48,7 @@ FaultPanel::FaultPanel(LoopbackServer& server, const QStringList& rules)
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QString::fromLatin1(panelStyle));
     setFixedWidth(panelWidth);
+    setFocusProxy(m_pattern);
     m_fault->setEditable(true);
     for (const char* example : examples) {
         m_fault->addItem(QString::fromLatin1(example));

@@ -47,7 +47,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
             std::make_unique<Desk>(DeskParts{*m_window, m_page, m_screen, m_server, *m_timeline}, commandLine, startUs);
         connect(m_desk.get(), &Desk::remoteKey, this, &Television::sendKey);
         connect(m_desk.get(), &Desk::addressEntered, this, &Television::openAddress);
-        connect(m_desk.get(), &Desk::firstStartWanted, this, [this] { restart(m_commandLine.target); });
+        connect(m_desk.get(), &Desk::firstStartWanted, this, [this] { restart(m_commandLine.target, true); });
     }
     connect(&m_heldKey, &KeyHold::remoteKey, this, &Television::sendKey);
     m_page.setSpatialNavigation(commandLine.spatialNavigation);
@@ -75,6 +75,9 @@ int Television::run(const QString& pluginModule) {
     QUrl url;
     if (!serve(url)) {
         return 1;
+    }
+    if (m_commandLine.headless && (m_commandLine.panel || m_commandLine.inspect)) {
+        complain(QStringLiteral("--panel and --inspect have no effect without a window"));
     }
     if (m_window) {
         m_window->show();
@@ -139,6 +142,11 @@ bool Television::serve(QUrl& url) {
         }
     }
     if (isAddress && m_commandLine.mounts.isEmpty()) {
+        if (!m_commandLine.faults.isEmpty()) {
+            complain(
+                QStringLiteral("--fault has no effect: it is for files that this program serves, from FILE, FOLDER "
+                               "or --mount"));
+        }
         return true;
     }
     if (!isAddress) {
@@ -197,14 +205,14 @@ void Television::pageLoaded() {
 /** Another page, as a person enters it. */
 void Television::openAddress(const QString& address) {
     if (QFileInfo::exists(address)) {
-        restart(address); // Its folder has to be served.
+        restart(address, false); // Its folder has to be served.
         return;
     }
     m_page.open(QUrl::fromUserInput(address));
 }
 
-void Television::restart(const QString& target) {
-    m_restartTarget = target;
+void Television::restart(const QString& target, bool isFirstStart) {
+    m_restart = {target, isFirstStart};
     QCoreApplication::exit(0);
 }
 

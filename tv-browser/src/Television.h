@@ -37,8 +37,12 @@ public:
      */
     int run(const QString& pluginModule);
 
-    /** @return what the program is to start anew with, and an empty profile; empty when it has just ended */
-    const QString& restartTarget() const { return m_restartTarget; }
+    /** What the program is to go on with. */
+    struct Restart {
+        QString target;            ///< empty: the program ends
+        bool isFirstStart = false; ///< with an empty profile
+    };
+    const Restart& wantedRestart() const { return m_restart; }
 
 private:
     void keepTimeline();
@@ -47,7 +51,7 @@ private:
     void pageLoaded();
     void pageFailed(const QString& reason);
     void openAddress(const QString& address);
-    void restart(const QString& target);
+    void restart(const QString& target, bool isFirstStart);
     void titleChanged(const QString& title);
     void pressNextKey();
     void sendKey(const RemoteKey& key, bool pressed, bool isRepeat);
@@ -68,7 +72,7 @@ private:
     std::unique_ptr<Desk> m_desk; ///< of the window
     KeyHold m_heldKey;            ///< of the command line's keys
     QString m_serverAddress;
-    QString m_restartTarget;
+    Restart m_restart;
     int m_nextKey = 0;
     bool m_wasLoaded = false;
 };

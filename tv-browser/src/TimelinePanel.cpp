@@ -119,7 +119,11 @@ QTableView* TimelinePanel::makeList() {
     header->resizeSection(TimelineModel::KIND, 92);
     header->resizeSection(TimelineModel::TOOK, 70);
     follow(*list);
-    connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &TimelinePanel::showEntry);
+    connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& index) {
+        if (index.isValid()) {
+            showEntry(m_model.entry(m_filter.mapToSource(index).row()));
+        }
+    });
     return list;
 }
 
@@ -138,12 +142,15 @@ void TimelinePanel::append(const TimelineEntries& entries) {
     m_model.append(entries);
     m_bands->append(entries);
     m_objects->append(entries);
+    for (const TimelineEntry& entry : entries) {
+        const bool isTrouble =
+            entry.kind == Kind::ERROR || entry.kind == Kind::STALL || entry.kind == Kind::SCRIPT_ERROR;
+        if (isTrouble && !m_list->currentIndex().isValid()) {
+            showEntry(entry);
+        }
+    }
 }
 
-void TimelinePanel::showEntry(const QModelIndex& index) {
-    if (!index.isValid()) {
-        return;
-    }
-    const TimelineEntry& entry = m_model.entry(m_filter.mapToSource(index).row());
+void TimelinePanel::showEntry(const TimelineEntry& entry) {
     m_whole->setPlainText(QString::fromUtf8(QJsonDocument(timelineJson(entry)).toJson()));
 }

@@ -31,7 +31,7 @@ private:
     QHBoxLayout* makeFilters();
     QTableView* makeList();
     void follow(QTableView& list);
-    void showEntry(const QModelIndex& index);
+    void showEntry(const TimelineEntry& entry);
 
     StateBands* m_bands;
     ObjectTable* m_objects;

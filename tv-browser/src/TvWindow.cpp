@@ -1,8 +1,9 @@
 #include "TvWindow.h"
 
-#include "RemoteKeys.h"
 #include "TvPicture.h"
 
+#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -13,6 +14,7 @@ TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(s
     m_layout.addWidget(m_picture, 1);
     resize(m_picture->sizeHint());
     m_picture->setFocus();
+    connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
 }
 
 void TvWindow::addPanel(QWidget* panel, Side side) {
@@ -39,15 +41,23 @@ void TvWindow::toggleFullScreen() {
     setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
+/** The keys of the remote control are for the picture; a panel that has the focus keeps its own. */
 void TvWindow::keyPressEvent(QKeyEvent* event) {
-    if (const RemoteKey* key = remoteKeyOfKeyboard(event->key())) {
-        emit remoteKey(*key, true, event->isAutoRepeat());
+    if (!m_picture->hasFocus()) {
+        if (event->key() == Qt::Key_Escape) {
+            m_picture->setFocus();
+        }
+        return;
     }
+    m_keyboard.press(*event);
 }
 
 void TvWindow::keyReleaseEvent(QKeyEvent* event) {
-    const RemoteKey* key = remoteKeyOfKeyboard(event->key());
-    if (key && !event->isAutoRepeat()) {
-        emit remoteKey(*key, false, false);
-    }
+    m_keyboard.release(*event);
+}
+
+/** Other windows, as the inspector's, do not keep the television on. */
+void TvWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    QCoreApplication::exit(0);
 }

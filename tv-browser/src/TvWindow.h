@@ -4,6 +4,8 @@
 #ifndef TVWINDOW_H
 #define TVWINDOW_H
 
+#include "KeyboardRemote.h"
+
 #include <QHBoxLayout>
 #include <QWidget>
 
@@ -35,10 +37,12 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     QHBoxLayout m_layout;
     TvPicture* m_picture;
+    KeyboardRemote m_keyboard;
 };
 
 #endif

@@ -75,11 +75,13 @@ QString applySettings(const CommandLine& commandLine) {
     return {};
 }
 
-/** Becomes the program anew, with an empty profile, and without pressing keys again. @return when that is not possible,
- * the exit code */
-int startAnew(QStringList arguments) {
-    if (!arguments.contains(QStringLiteral("--first-start"))) {
-        arguments.insert(1, QStringLiteral("--first-start"));
+/** Becomes the program anew, without pressing keys again. @return the exit code, when that is not possible */
+int startAnew(QStringList arguments, const Television::Restart& restart) {
+    const QString firstStart = QStringLiteral("--first-start");
+    arguments.replace(targetIndex(arguments), restart.target);
+    arguments.removeAll(firstStart);
+    if (restart.isFirstStart) {
+        arguments.append(firstStart);
     }
     arguments += {QStringLiteral("--keys"), QStringLiteral("wait:0")}; // the last one counts
     std::vector<QByteArray> texts;
@@ -132,16 +134,15 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(settingsProblem));
         return 1;
     }
-    QString restartTarget;
+    Television::Restart restart;
     int exitCode = 0;
     {
         Television television(commandLine, startUs);
         exitCode = television.run(pluginModule);
-        restartTarget = television.restartTarget();
+        restart = television.wantedRestart();
     }
-    if (restartTarget.isEmpty()) {
+    if (restart.target.isEmpty()) {
         return exitCode;
     }
-    arguments.replace(arguments.lastIndexOf(commandLine.target), restartTarget);
-    return startAnew(arguments);
+    return startAnew(arguments, restart);
 }

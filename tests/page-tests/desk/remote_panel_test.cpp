@@ -1,4 +1,5 @@
-// The remote control on the screen, clicked with the mouse.
+// The remote control on the screen, clicked with the mouse, and the keyboard as one.
+#include "KeyboardRemote.h"
 #include "RemoteKeys.h"
 #include "RemotePanel.h"
 
@@ -62,6 +63,30 @@ TEST_F(RemotePanelTest, AHeldButtonRepeatsUntilItIsReleased) {
     EXPECT_EQ(m_events.front(), (Event{"DOWN", true, false}));
     EXPECT_EQ(m_events[1], (Event{"DOWN", true, true}));
     EXPECT_EQ(m_events.back(), (Event{"DOWN", false, false}));
+}
+
+TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
+    KeyboardRemote keyboard;
+    std::vector<Event> events;
+    QObject::connect(&keyboard, &KeyboardRemote::remoteKey,
+                     [&events](const RemoteKey& key, bool pressed, bool isRepeat) {
+                         events.push_back({key.name, pressed, isRepeat});
+                     });
+    const auto press = [&](int key, Qt::KeyboardModifiers modifiers, bool isRepeat = false) {
+        keyboard.press(QKeyEvent(QEvent::KeyPress, key, modifiers, QString(), isRepeat));
+    };
+    const auto release = [&](int key, bool isRepeat = false) {
+        keyboard.release(QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, QString(), isRepeat));
+    };
+    release(Qt::Key_Return); // it has chosen something in a menu
+    press(Qt::Key_Left, Qt::AltModifier);
+    release(Qt::Key_Left);
+    press(Qt::Key_Left, Qt::NoModifier);
+    release(Qt::Key_Left, true);
+    press(Qt::Key_Left, Qt::NoModifier, true);
+    release(Qt::Key_Left);
+    release(Qt::Key_Left);
+    EXPECT_EQ((std::vector<Event>{{"LEFT", true, false}, {"LEFT", true, true}, {"LEFT", false, false}}), events);
 }
 
 } // namespace
