@@ -36,6 +36,15 @@ function near(actual, wanted, tolerance) {
   return Math.abs(actual - wanted) <= tolerance;
 }
 
+// The one of some components that has a language.
+function inLanguage(components, language) {
+  for (var i = 0; i < components.length; ++i) {
+    if (components[i].language === language) {
+      return components[i];
+    }
+  }
+}
+
 // A step that waits until the picture of a moment is on the screen.
 function shows(video, ms, tolerance) {
   return until('the picture of ' + ms + ' is there', function() { return near(shown(video), ms, tolerance); }, video);
