@@ -33,6 +33,18 @@ inline fs::path film() {
     return path ? path : FILM;
 }
 
+/** Waits until a condition holds, at most PATIENCE. @return whether it does */
+template <class Condition> bool comesToHold(Condition condition) {
+    const auto limit = std::chrono::steady_clock::now() + PATIENCE;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > limit) {
+            return false;
+        }
+        std::this_thread::sleep_for(milliseconds(20));
+    }
+    return true;
+}
+
 /** A web server with the film, and with what a film must not be. */
 class Server {
 public:
@@ -127,6 +139,13 @@ public:
         return code;
     }
     int64_t position() const { return Hbbtv_AL_MediaPlayerGetPosition(handle); }
+    /** Waits until the position has passed `ms` and the picture is that of the position. */
+    bool playsFrom(int64_t ms) const {
+        return comesToHold([&] {
+            const int64_t now = position();
+            return now >= ms && std::abs(now - picture().timeMs) <= 200;
+        });
+    }
     /** @return the newest frame without its pixels, all 0 and time -1 when there is none */
     MediaPicture picture() const {
         MediaPicture picture = {};
@@ -161,6 +180,23 @@ private:
     std::vector<std::pair<eMEDIA_CALLBACK_EVENT, int>> m_reports;
 };
 
+/** Tests of players, each suite with a server of the film and of scripts/make-test-media's media. */
+class PlayerTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        ASSERT_TRUE(fs::exists(film())) << film() << " is missing: run scripts/make-media build/media";
+        ASSERT_TRUE(fs::exists(TEST_MEDIA)) << "run scripts/make-test-media " TEST_MEDIA;
+        setenv("AVCONTROL_AUDIO_SINK", "fakesink sync=true", 0); // the same on every machine
+        server = std::make_unique<Server>();
+        server->mount(TEST_MEDIA);
+        filmUrl = server->url("/" + film().filename().string());
+    }
+    static void TearDownTestSuite() { server.reset(); }
+
+    static inline std::unique_ptr<Server> server;
+    static inline std::string filmUrl;
+};
+
 /** What a process may leave behind. */
 struct Traces {
     long threads = entries("/proc/self/task");
@@ -178,13 +214,9 @@ struct Traces {
         return mallinfo2().uordblks;
 #endif
     }
-    /** Waits until no more is there than before, at most 10 seconds. */
     void expectNoMore() const {
-        for (int i = 0; i < 100 && (entries("/proc/self/task") > threads || entries("/proc/self/fd") > files); ++i) {
-            std::this_thread::sleep_for(milliseconds(100));
-        }
-        EXPECT_LE(entries("/proc/self/task"), threads);
-        EXPECT_LE(entries("/proc/self/fd"), files);
+        EXPECT_TRUE(comesToHold([&] { return entries("/proc/self/task") <= threads; })) << "threads are left";
+        EXPECT_TRUE(comesToHold([&] { return entries("/proc/self/fd") <= files; })) << "files are left open";
         EXPECT_LT(heap(), bytes + CACHES);
     }
 };

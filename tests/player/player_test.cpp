@@ -1,23 +1,7 @@
 // The real player on a real film over HTTP: what no scripted television can show.
 #include "player_fixture.h"
 
-namespace {
-
-class Player : public testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        ASSERT_TRUE(fs::exists(film())) << film() << " is missing: run scripts/make-media build/media";
-        setenv("AVCONTROL_AUDIO_SINK", "fakesink sync=true", 0); // the same on every machine
-        server = std::make_unique<Server>();
-        filmUrl = server->url("/" + film().filename().string());
-    }
-    static void TearDownTestSuite() { server.reset(); }
-
-    static inline std::unique_ptr<Server> server;
-    static inline std::string filmUrl;
-};
-
-} // namespace
+using Player = PlayerTest;
 
 TEST_F(Player, PlaysWithAPositionThatGrowsAndAPictureThatFitsTheWindow) {
     TestPlayer player;
@@ -25,10 +9,7 @@ TEST_F(Player, PlaysWithAPositionThatGrowsAndAPictureThatFitsTheWindow) {
     player.start(filmUrl);
     ASSERT_EQ(0, player.waitFor(eMEDIA_CALLBACK_PLAYING));
     EXPECT_NEAR(30'000, Hbbtv_AL_MediaPlayerGetDuration(player.handle), 100);
-    const int64_t first = player.position();
-    std::this_thread::sleep_for(milliseconds(1000));
-    EXPECT_NEAR(1000, static_cast<double>(player.position() - first), 200);
-    EXPECT_NEAR(static_cast<double>(player.position()), static_cast<double>(player.picture().timeMs), 200);
+    EXPECT_TRUE(player.playsFrom(1'000));
     EXPECT_EQ(320, player.picture().width);
     EXPECT_EQ(180, player.picture().height);
     Hbbtv_AL_ComponentInfo component = {};
@@ -43,7 +24,8 @@ TEST_F(Player, SeeksExactlyAlsoBeforeTheMediaIsThere) {
     EXPECT_EQ(1, Hbbtv_AL_MediaPlayerSeek(player.handle, 20'000));
     EXPECT_EQ(0, player.waitFor(eMEDIA_CALLBACK_POSITION_CHANGED));
     ASSERT_EQ(0, player.waitFor(eMEDIA_CALLBACK_PLAYING));
-    EXPECT_NEAR(20'000, static_cast<double>(player.position()), 150);
+    EXPECT_GE(player.position(), 20'000 - FRAME_MS);
+    EXPECT_LT(player.position(), 22'000);
     EXPECT_EQ(1, Hbbtv_AL_MediaPlayerSeek(player.handle, 10'000));
     EXPECT_EQ(0, player.waitFor(eMEDIA_CALLBACK_PLAYING)) << "a page waits for it after a seek";
     Hbbtv_AL_MediaPlayerPause(player.handle);
@@ -66,8 +48,7 @@ TEST_F(Player, HoldsTheFirstPictureAndGoesOnFromIt) {
     EXPECT_EQ(0, Hbbtv_AL_MediaPlayerGetSpeed(player.handle));
     EXPECT_EQ(1, Hbbtv_AL_MediaPlayerResume(player.handle));
     EXPECT_EQ(0, player.waitFor(eMEDIA_CALLBACK_PLAYING));
-    std::this_thread::sleep_for(milliseconds(300));
-    EXPECT_GT(player.position(), 3 * FRAME_MS);
+    EXPECT_TRUE(player.playsFrom(3 * FRAME_MS));
 }
 
 TEST_F(Player, RunsFastAndBackwardsToTheBeginningAndOnFromThere) {
@@ -77,9 +58,12 @@ TEST_F(Player, RunsFastAndBackwardsToTheBeginningAndOnFromThere) {
     Hbbtv_AL_MediaPlayerSetSpeed(player.handle, 4);
     ASSERT_EQ(0, player.waitFor(eMEDIA_CALLBACK_SPEED_CHANGED));
     EXPECT_EQ(4, Hbbtv_AL_MediaPlayerGetSpeed(player.handle));
+    const auto start = std::chrono::steady_clock::now();
     const int64_t first = player.position();
-    std::this_thread::sleep_for(milliseconds(1000));
-    EXPECT_NEAR(4000, static_cast<double>(player.position() - first), 1000);
+    EXPECT_TRUE(comesToHold([&] { return player.position() > first + 4'000; }));
+    const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
+    const auto speed = static_cast<double>(player.position() - first) / elapsed.count();
+    EXPECT_NEAR(4, speed, 1.5);
     Hbbtv_AL_MediaPlayerSetSpeed(player.handle, -8);
     ASSERT_EQ(0, player.waitFor(eMEDIA_CALLBACK_SPEED_CHANGED));
     EXPECT_EQ(-8, Hbbtv_AL_MediaPlayerGetSpeed(player.handle));

@@ -26,11 +26,10 @@ constexpr const char* TTML =
     "deux</tt:span></tt:p><tt:p region='r' begin='00:00:03.000' end='00:00:05.000'><tt:span style='a'>trois</tt:span>"
     "</tt:p></tt:div></tt:body></tt:tt>";
 
-class Subtitles : public testing::Test {
+class Subtitles : public PlayerTest {
 protected:
     static void SetUpTestSuite() {
-        ASSERT_TRUE(fs::exists(film())) << film() << " is missing: run scripts/make-media build/media";
-        setenv("AVCONTROL_AUDIO_SINK", "fakesink sync=true", 0); // the same on every machine
+        PlayerTest::SetUpTestSuite();
         folder = fs::temp_directory_path() / ("subtitles-test-" + std::to_string(getpid()));
         fs::create_directories(folder);
         // The names tell nothing: the content has to.
@@ -46,12 +45,10 @@ protected:
         for (const auto& [name, content] : files) {
             std::ofstream(folder / name, std::ios::binary) << content;
         }
-        server = std::make_unique<Server>();
         server->mount(folder);
-        filmUrl = server->url("/" + film().filename().string());
     }
     static void TearDownTestSuite() {
-        server.reset();
+        PlayerTest::TearDownTestSuite();
         fs::remove_all(folder);
     }
 
@@ -84,17 +81,11 @@ protected:
         return text ? text.get() : "";
     }
 
-    /** Waits until the answer is as wanted, or for some seconds. */
-    template <typename Get, typename Wanted> static void expectSoon(const Wanted& wanted, Get get) {
-        for (int i = 0; i < 200 && get() != wanted; ++i) {
-            std::this_thread::sleep_for(milliseconds(50));
-        }
-        EXPECT_EQ(wanted, get());
+    static bool says(const TestPlayer& player, int64_t ms, const std::string& wanted) {
+        return comesToHold([&] { return textAt(player, ms) == wanted; });
     }
 
     static inline fs::path folder;
-    static inline std::unique_ptr<Server> server;
-    static inline std::string filmUrl;
 };
 
 } // namespace
@@ -117,7 +108,7 @@ TEST_F(Subtitles, AreReadWordForWordWhateverTheirNames) {
 
     ASSERT_TRUE(select(player, infos[0].pid));
     EXPECT_EQ(2, player.waitFor(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED));
-    expectSoon(std::string("A <b>bold</b> A &amp; B\n1 &lt; 2 <i>open</i>"), [&] { return textAt(player, 1000); });
+    EXPECT_TRUE(says(player, 1000, "A <b>bold</b> A &amp; B\n1 &lt; 2 <i>open</i>"));
     EXPECT_EQ("", textAt(player, 999));
     EXPECT_NE("", textAt(player, 1999));
     EXPECT_EQ("", textAt(player, 2000));
@@ -125,12 +116,12 @@ TEST_F(Subtitles, AreReadWordForWordWhateverTheirNames) {
     EXPECT_STREQ("WEBVTT", list(player)[0].encoding);
 
     ASSERT_TRUE(select(player, infos[1].pid));
-    expectSoon(std::string("Red &amp; <u>blue</u>\nx &lt; y"), [&] { return textAt(player, 1000); });
+    EXPECT_TRUE(says(player, 1000, "Red &amp; <u>blue</u>\nx &lt; y"));
     EXPECT_EQ("zwei", textAt(player, 4999));
     ASSERT_TRUE(select(player, infos[2].pid));
-    expectSoon(std::string("gr\u00FC\u00DF dich"), [&] { return textAt(player, 1000); });
+    EXPECT_TRUE(says(player, 1000, "gr\u00FC\u00DF dich"));
     ASSERT_TRUE(select(player, infos[3].pid));
-    expectSoon(std::string("R &amp; D\ndeux"), [&] { return textAt(player, 1000); });
+    EXPECT_TRUE(says(player, 1000, "R &amp; D\ndeux"));
     EXPECT_EQ("trois", textAt(player, 3000));
     EXPECT_STREQ("TTML", list(player)[3].encoding);
 
@@ -151,13 +142,13 @@ TEST_F(Subtitles, ThatCannotBeReadAreGoneAndTheFilmPlaysOn) {
     ASSERT_EQ(1, Hbbtv_AL_MediaPlayerPlay(player.handle, 0));
     EXPECT_EQ(1, Hbbtv_AL_MediaPlayerSelectDefaultAVComponent(player.handle, AV_COMPONENT_TYPE_SUBTITLE));
     EXPECT_EQ(2, player.waitFor(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED));
-    expectSoon(size_t{0}, [&] { return list(player).size(); });
+    EXPECT_TRUE(comesToHold([&] { return list(player).empty(); }));
     EXPECT_EQ(2, player.waitFor(eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED)) << "the selected one has gone";
     add(player, server->url("/subrip")); // one that comes late is read while the film plays
     EXPECT_EQ(1, Hbbtv_AL_MediaPlayerSelectDefaultAVComponent(player.handle, AV_COMPONENT_TYPE_SUBTITLE));
-    expectSoon(std::string("zwei"), [&] { return textAt(player, 3000); });
+    EXPECT_TRUE(says(player, 3000, "zwei"));
     const int64_t first = player.position();
-    expectSoon(true, [&] { return player.position() > first; });
+    EXPECT_TRUE(comesToHold([&] { return player.position() > first; }));
     EXPECT_EQ(-1, player.waitFor(eMEDIA_CALLBACK_ERROR, milliseconds(1)));
 }
 
