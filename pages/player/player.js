@@ -2,21 +2,7 @@
 (function () {
   'use strict';
 
-  var FILMS = [
-    { url: 'media/film.mp4', type: 'video/mp4', title: 'Demonstration film', form: 'MP4' },
-    { url: 'media/second.mp4', type: 'video/mp4', title: 'Second film', form: 'MP4' },
-    { url: 'media/voyage.mp4', type: 'video/mp4', title: 'The voyage', form: 'MP4',
-      subtitles: [
-        'srclang:eng laber:English src:media/voyage-en.vtt',
-        'srclang:deu laber:Deutsch src:media/voyage-de.srt'
-      ] },
-    { url: 'media/voyage-hls/master.m3u8', type: 'application/vnd.apple.mpegurl', title: 'The voyage', form: 'HLS' },
-    { url: 'media/voyage-dash/manifest.mpd', type: 'application/dash+xml', title: 'The voyage', form: 'DASH' },
-    { url: 'media/short.mp4', type: 'video/mp4', title: 'Short film', form: 'MP4' },
-    { url: 'media/audio.mp3', type: 'audio/mpeg', title: 'Melody', form: 'MP3', soundOnly: true }
-  ];
-  var STATES = ['Stopped', 'Playing', 'Paused', 'Connecting', 'Buffering', 'Finished', 'Error'];
-  var STOPPED = 0, PLAYING = 1, PAUSED = 2, CONNECTING = 3, BUFFERING = 4, FINISHED = 5, ERROR = 6;
+  var STOPPED = 0, PLAYING = 1, PAUSED = 2, CONNECTING = 3, FINISHED = 5, ERROR = 6;
   var ERRORS = [
     'The television cannot play the format of this film.',
     'The connection to the film\'s server has failed.',
@@ -31,21 +17,13 @@
     left: 37, up: 38, right: 39, down: 40, enter: 13, back: 461,
     red: 403, green: 404, yellow: 405, blue: 406, play: 415, pause: 19, stop: 413, fast: 417, rewind: 412
   };
-  var AUDIO = 1, SUBTITLE = 2; // component types
-  // The controls, row by row.
-  var ROWS = [
-    ['film'], ['sound'], ['subtitles'],
-    ['play', 'pause'], ['back10', 'forward10'], ['stop', 'full'],
-    ['reverse', 'speed2'], ['speed4', 'speed8'], ['queue', 'loop']
-  ];
-  var BAR_WIDTH = 720;
   var STEP_MS = 10000;
   var HIDE_AFTER_MS = 5000;
   // "infinite" would last until stop(), with no way back in between; a count can be lowered again.
   var MANY_TIMES = 1000;
 
+  var say = display.say;
   var video = element('video');
-  var focusedRow = 3, focusedColumn = 0;
   var looping = false;
   var queued = null;
   var hideTimer = null;
@@ -54,193 +32,68 @@
     return document.getElementById(id);
   }
 
-  function setText(id, text) {
-    var node = element(id);
-    if (node.textContent !== text) {
-      node.textContent = text;
-    }
-  }
-
-  // One of the modes of the page, which the style sheet knows: full, idle, sound-only.
-  function setMode(name, isOn) {
-    var others = document.body.className.split(' ').filter(function (other) { return other && other !== name; });
-    document.body.className = (isOn ? others.concat(name) : others).join(' ');
-  }
-
-  function say(text, isError) {
-    setText('message', text);
-    element('message').className = isError ? 'error' : '';
-  }
-
-  // Milliseconds as "01:23.4"; what is no number yet as dashes.
-  function timeText(ms) {
-    if (typeof ms !== 'number' || ms < 0) {
-      return '--:--';
-    }
-    var tenths = Math.floor(ms / 100);
-    var minutes = Math.floor(tenths / 600);
-    var seconds = Math.floor(tenths / 10) % 60;
-    return (minutes < 10 ? '0' : '') + minutes + (seconds < 10 ? ':0' : ':') + seconds + '.' + tenths % 10;
-  }
-
-  function filmPlaying() {
-    var address = String(video.data);
-    return FILMS.filter(function (film) { return address.indexOf(film.url) >= 0; })[0] || FILMS[0];
-  }
-
-  // What the queue button adds: queued films play in the same object, which is one for video/mp4.
-  function filmToQueue() {
-    return filmPlaying() === FILMS[0] ? FILMS[1] : FILMS[0];
-  }
-
-  // What the object shows
-
-  function showState(state) {
-    var kinds = ['', 'playing', '', 'waiting', 'waiting', '', 'error'];
-    setText('state', STATES[state] + ' (' + state + ')');
-    element('state').className = kinds[state];
-    setText('badge-form', filmPlaying().form);
-    setMode('sound-only', !!filmPlaying().soundOnly);
-    showChoices();
-    showSpeed();
-    showPosition();
-  }
-
-  function showSpeed() {
-    setText('speed', 'Speed ' + String(video.speed).replace('-', '\u2212') + '\u00d7');
-  }
-
-  function showPosition() {
-    var position = video.playPosition;
-    var duration = video.playTime;
-    var part = position >= 0 && duration > 0 ? Math.min(position / duration, 1) : 0;
-    setText('position', timeText(position));
-    setText('duration', timeText(duration));
-    element('bar-done').style.width = Math.round(part * BAR_WIDTH) + 'px';
-  }
-
-  function showClock() {
-    var now = new Date();
-    var minutes = now.getMinutes();
-    setText('badge-clock', now.getHours() + (minutes < 10 ? ':0' : ':') + minutes);
-  }
-
   function showModes() {
     element('loop').lastChild.nodeValue = looping ? 'Loop: on' : 'Loop: off';
     element('queue').lastChild.nodeValue = queued ? 'Queued' : 'Queue next';
     element('full').lastChild.nodeValue = video.fullScreen ? 'Window' : 'Full screen';
   }
 
-  // Tracks
-
-  function trackName(track, number) {
-    var name = languageName(track.language) || 'Track ' + (number + 1);
-    if (track.audioDescription) {
-      name += ' (described)';
-    }
-    return track.hearingImpaired ? name + ' (SDH)' : name;
-  }
-
-  // The tracks of a type, as entries of a menu.
-  function trackEntries(type) {
-    var tracks = video.getComponents(type);
-    var active = video.getCurrentActiveComponents(type);
-    var entries = [];
-    for (var i = 0; tracks && i < tracks.length; ++i) {
-      var entry = { name: trackName(tracks[i], i), chosen: false, track: tracks[i] };
-      if (type === AUDIO && tracks[i].audioChannels) {
-        entry.note = ['', 'mono', 'stereo'][tracks[i].audioChannels] || tracks[i].audioChannels + ' channels';
-      }
-      for (var j = 0; active && j < active.length; ++j) {
-        entry.chosen = entry.chosen || active[j].pid === tracks[i].pid;
-      }
-      entries.push(entry);
-    }
-    return entries;
-  }
-
-  function subtitleEntries() {
-    var tracks = trackEntries(SUBTITLE);
-    var isOff = !tracks.some(function (entry) { return entry.chosen; });
-    return tracks.length ? [{ name: 'Off', chosen: isOff, track: null }].concat(tracks) : [];
-  }
-
-  function chosenName(entries) {
-    var chosen = entries.filter(function (entry) { return entry.chosen; })[0];
-    return chosen ? chosen.name : '\u2013';
-  }
-
-  function showChoices() {
-    var values = {
-      film: filmPlaying().title,
-      sound: chosenName(trackEntries(AUDIO)),
-      subtitles: chosenName(subtitleEntries())
-    };
-    for (var id in values) {
-      element(id).lastChild.textContent = values[id];
-    }
-  }
-
   function chooseFilm() {
-    var playing = filmPlaying();
-    var entries = FILMS.map(function (film) {
+    var playing = films.playedBy(video);
+    var entries = films.list.map(function (film) {
       return { name: film.title, note: film.form, chosen: film === playing };
     });
-    menu.open('Film', entries, function (index) { openFilm(FILMS[index]); });
+    menu.open('Film', entries, function (index) { openFilm(films.list[index]); });
+  }
+
+  function chooseTrack(title, entries, hint) {
+    if (!entries.length) {
+      say(hint);
+      return;
+    }
+    menu.open(title, entries, function (index) { tracks.select(video, entries[index]); });
   }
 
   function chooseSound() {
-    var entries = trackEntries(AUDIO);
-    if (!entries.length) {
-      say('There is no sound to choose. Press Play first.');
-      return;
-    }
-    menu.open('Sound', entries, function (index) { video.selectComponent(entries[index].track); });
+    chooseTrack('Sound', tracks.sound(video), 'There is no sound to choose. Press Play first.');
   }
 
   function chooseSubtitles() {
-    var entries = subtitleEntries();
-    if (!entries.length) {
-      say('No subtitles here: choose The voyage, and play it.');
-      return;
-    }
-    menu.open('Subtitles', entries, function (index) {
-      if (entries[index].track) {
-        video.selectComponent(entries[index].track);
-      } else {
-        video.unselectComponent(SUBTITLE);
-      }
-    });
+    chooseTrack('Subtitles', tracks.subtitles(video), 'No subtitles here: choose The voyage, and play it.');
   }
 
   // What the object reports
+
+  function showPosition() {
+    display.showPosition(video);
+  }
 
   function onState(state) {
     if (state === ERROR) {
       queued = null;
       say(ERRORS[video.error] || 'Error ' + video.error + '.', true);
-    } else if (state === CONNECTING && queued && filmPlaying() === queued) {
+    } else if (state === CONNECTING && queued && films.playedBy(video) === queued) {
       say(queued.title + ' begins.');
       queued = null;
     } else if (state === PLAYING && element('message').className === 'error') {
       say('');
     }
     showModes();
-    showState(state);
+    display.showState(video, state);
   }
 
   function onFullScreen() {
-    setMode('full', video.fullScreen);
+    display.setMode('full', video.fullScreen);
     showModes();
     showControls();
   }
 
   function listen() {
     video.onPlayStateChange = onState;
-    video.onPlaySpeedChanged = showSpeed;
+    video.onPlaySpeedChanged = function () { display.showSpeed(video); };
     video.onPlayPositionChanged = showPosition;
     video.onFullScreenChange = onFullScreen;
-    video.onSelectedComponentChanged = showChoices;
+    video.onSelectedComponentChanged = function () { display.showChoices(video); };
   }
 
   // Another film, in an object of its own: the type of an object and its subtitles stay what they are.
@@ -278,7 +131,7 @@
       video.stop(); // The way out of an error.
     }
     video.play(speed);
-    showSpeed();
+    display.showSpeed(video);
   }
 
   function seekBy(ms) {
@@ -292,9 +145,9 @@
       target = Math.min(target, video.playTime);
     }
     if (video.seek(target)) {
-      say('Moved to ' + timeText(target) + '.');
+      say('Moved to ' + display.timeText(target) + '.');
     } else {
-      say('The film cannot be moved to ' + timeText(target) + '.');
+      say('The film cannot be moved to ' + display.timeText(target) + '.');
     }
     showPosition();
   }
@@ -309,7 +162,7 @@
 
   function queueNext() {
     var state = video.playState;
-    var next = filmToQueue();
+    var next = films.toQueueAfter(video);
     if (state === ERROR) {
       say('Press Play first.');
     } else if (!video.queue(next.url)) {
@@ -356,35 +209,15 @@
     loop: toggleLoop
   };
 
-  // Focus and keys
-
-  function focusedButton() {
-    return element(ROWS[focusedRow][focusedColumn]);
-  }
-
-  function setFocusClass(isOn) {
-    var button = focusedButton();
-    button.className = button.className.replace(/ ?focus/, '') + (isOn ? ' focus' : '');
-  }
-
-  function moveFocus(columns, rows) {
-    var row = ROWS[focusedRow + rows];
-    if (!row) {
-      return;
-    }
-    setFocusClass(false);
-    focusedRow += rows;
-    focusedColumn = Math.max(0, Math.min(row.length - 1, focusedColumn + columns));
-    setFocusClass(true);
-  }
+  // Keys
 
   function showControls() {
-    setMode('idle', false);
+    display.setMode('idle', false);
     clearTimeout(hideTimer);
     if (video.fullScreen) {
       hideTimer = setTimeout(function () {
         menu.close();
-        setMode('idle', true);
+        display.setMode('idle', true);
       }, HIDE_AFTER_MS);
     }
   }
@@ -406,11 +239,11 @@
 
   function pageKey(code) {
     switch (code) {
-    case KEY.left: moveFocus(-1, 0); return true;
-    case KEY.right: moveFocus(1, 0); return true;
-    case KEY.up: moveFocus(0, -1); return true;
-    case KEY.down: moveFocus(0, 1); return true;
-    case KEY.enter: actions[focusedButton().id](); return true;
+    case KEY.left: controls.move(-1, 0); return true;
+    case KEY.right: controls.move(1, 0); return true;
+    case KEY.up: controls.move(0, -1); return true;
+    case KEY.down: controls.move(0, 1); return true;
+    case KEY.enter: actions[controls.focusedId()](); return true;
     }
     return false;
   }
@@ -448,11 +281,10 @@
     return;
   }
   listen();
-  setFocusClass(true);
   showModes();
-  showState(STOPPED);
-  showClock();
+  display.showState(video, STOPPED);
+  display.showClock();
   setInterval(showPosition, 200);
-  setInterval(showClock, 1000);
+  setInterval(display.showClock, 1000);
   play(1);
 }());
