@@ -2,18 +2,18 @@
 
 #include "allocations.h"
 
+#include <iterator>
+#include <sstream>
 #include <utility>
 
-const char* const listenerTypes[10] = {"PlayStateChange",
-                                       "SelectedComponentChange",
-                                       "PlayPositionChanged",
-                                       "PlaySpeedChanged",
-                                       "FullScreenChange",
-                                       "focus",
-                                       "blur",
-                                       "DRMRightsError",
-                                       "ComponentChanged",
-                                       "ParentalRatingChange"};
+const std::vector<std::string> listenerTypes =
+    words("PlayStateChange SelectedComponentChange PlayPositionChanged PlaySpeedChanged FullScreenChange focus blur "
+          "DRMRightsError ComponentChanged ParentalRatingChange");
+
+std::vector<std::string> words(const std::string& list) {
+    std::istringstream in(list);
+    return {std::istream_iterator<std::string>(in), {}};
+}
 
 Video::Video(Start start) : m_handle(television().nextHandle), m_npp(), m_plugin(new VideoPlugin(nullptr)) {
     if (start == Initialised) {
@@ -62,13 +62,13 @@ std::string Video::call(const std::string& name, const Arguments& arguments) {
     return value == "4711.25" ? "(untouched)" : value;
 }
 
-bool Video::param(const char* name, const std::string& value) {
-    return m_plugin->setParam(const_cast<char*>(name), const_cast<char*>(value.c_str()));
+bool Video::param(const std::string& name, const std::string& value) {
+    return m_plugin->setParam(const_cast<char*>(name.c_str()), const_cast<char*>(value.c_str()));
 }
 
-std::string Video::param(const char* name) {
+std::string Video::param(const std::string& name) {
     char value[HBBTV_PARAM_VALUE_SIZE] = "";
-    return m_plugin->getParam(const_cast<char*>(name), value) ? value : "(none)";
+    return m_plugin->getParam(const_cast<char*>(name.c_str()), value) ? value : "(none)";
 }
 
 void Video::report(eMEDIA_CALLBACK_EVENT event, int code) {
@@ -98,13 +98,13 @@ Video& AvControl::another(Video::Start start) {
     return *m_videos.back();
 }
 
-fake::ScriptObject* AvControl::handler(const char* property, const std::function<void()>& body) {
+fake::ScriptObject* AvControl::handler(const std::string& property, const std::function<void()>& body) {
     fake::ScriptObject* made = browser().function(property, body);
     EXPECT_TRUE(video().write(property, made));
     return made;
 }
 
-fake::ScriptObject* AvControl::listener(const char* type, const std::function<void()>& body) {
+fake::ScriptObject* AvControl::listener(const std::string& type, const std::function<void()>& body) {
     fake::ScriptObject* made = browser().function("listener", body);
     EXPECT_EQ("(untouched)", video().call("addEventListener", {type, made}));
     return made;

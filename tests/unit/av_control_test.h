@@ -12,6 +12,7 @@
 #include "VideoPlugin.h"
 
 #include <functional>
+#include <initializer_list>
 #include <limits>
 #include <memory>
 #include <string>
@@ -29,6 +30,9 @@ using fake::Value;
 /** Numbers that script can pass, too. */
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+/** @return the words of a list that blanks separate */
+std::vector<std::string> words(const std::string& list);
 
 /** An A/V Control object as the framework drives it. Its handle with the television is 7, 8, ... in order of making. */
 class Video {
@@ -55,10 +59,10 @@ public:
     /** @return the result as text; "(untouched)" when the method left it alone, "(refused)" when the call failed */
     std::string call(const std::string& name, const Arguments& arguments = {});
 
-    bool param(const char* name, const std::string& value);
+    bool param(const std::string& name, const std::string& value);
 
     /** @return the parameter, or "(none)" */
-    std::string param(const char* name);
+    std::string param(const std::string& name);
 
     /** The player reports, and the plug-in thread hears of it at once. */
     void report(eMEDIA_CALLBACK_EVENT event, int code = 0);
@@ -84,10 +88,10 @@ protected:
     Video& another(Video::Start start = Video::Initialised);
 
     /** Sets a handler property to a function of that name. */
-    fake::ScriptObject* handler(const char* property, const std::function<void()>& body = nullptr);
+    fake::ScriptObject* handler(const std::string& property, const std::function<void()>& body = nullptr);
 
     /** Registers a listener, a function called "listener". */
-    fake::ScriptObject* listener(const char* type, const std::function<void()>& body = nullptr);
+    fake::ScriptObject* listener(const std::string& type, const std::function<void()>& body = nullptr);
 
     /** Delivers what is queued. @return what happened since last asked */
     std::string delivered();
@@ -96,11 +100,17 @@ protected:
 };
 
 /** The types of addEventListener, by ListenerNames_e. */
-extern const char* const listenerTypes[10];
+extern const std::vector<std::string> listenerTypes;
 
 /** @return how many lines of exactly this text were written at this level: 2 ordinary, 3 warning, 5 error */
 inline int logged(int level, const std::string& line) {
     return fake::log().count(level, line);
+}
+/** Each of these lines was written exactly once, as an ordinary one. */
+inline void expectLogged(std::initializer_list<const char*> lines) {
+    for (const char* line : lines) {
+        EXPECT_EQ(1, logged(2, line)) << line;
+    }
 }
 inline std::vector<std::string> errorLines() {
     return fake::log().texts(5);

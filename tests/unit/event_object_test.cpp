@@ -39,10 +39,8 @@ TEST_F(EventObject, OffersFourReadOnlyNumbers) {
         EXPECT_FALSE(owner->setAVControlDOMEventProperty(name, 1));
         EXPECT_FALSE(owner->setAVControlDOMEventPropertyDouble(name, 1));
     }
-    for (const char* line : {"Set property: state -5\n", "Set property: state 0.500000\n", "Has property: state\n",
-                             "Has Method: state\n", "Get property: type\n"}) {
-        EXPECT_EQ(1, logged(2, line)) << line;
-    }
+    expectLogged({"Set property: state -5\n", "Set property: state 0.500000\n", "Has property: state\n",
+                  "Has Method: state\n", "Get property: type\n"});
     EXPECT_EQ(4, logged(2, "Has property: found  = 1\n"));
     EXPECT_FALSE(object->_class->hasProperty(browser().bareObject(), identifier("state")));
     EXPECT_EQ(1, logged(5, "Wrong NPObjectType !\n"));

@@ -15,11 +15,10 @@
 namespace fake {
 namespace {
 
-struct Name {
-    std::string text;
-    int index;
-    bool isIndex;
-};
+// An identifier is its name; that of an index begins with "#".
+const std::string& nameOf(NPIdentifier identifier) {
+    return *static_cast<std::string*>(identifier);
+}
 
 NPObject* allocateScriptObject(NPP, NPClass*) {
     return new ScriptObject();
@@ -115,8 +114,8 @@ std::string text(const NPVariant& value) {
 }
 
 NPIdentifier identifier(const std::string& name) {
-    static std::map<std::string, Name> names;
-    return &names.emplace(name, Name{name, 0, false}).first->second;
+    static std::set<std::string> names;
+    return const_cast<std::string*>(&*names.insert(name).first);
 }
 
 Browser& browser() {
@@ -211,7 +210,6 @@ void Browser::deliver() {
 } // namespace fake
 
 using fake::browser;
-using fake::Name;
 using fake::ScriptObject;
 using fake::scriptObject;
 
@@ -249,22 +247,19 @@ NPIdentifier NPN_GetStringIdentifier(const NPUTF8* name) {
 }
 
 NPIdentifier NPN_GetIntIdentifier(int32_t intid) {
-    Name* name = static_cast<Name*>(fake::identifier("index " + std::to_string(intid)));
-    name->index = intid;
-    name->isIndex = true;
-    return name;
+    return fake::identifier("#" + std::to_string(intid));
 }
 
 bool NPN_IdentifierIsString(NPIdentifier identifier) {
-    return !static_cast<Name*>(identifier)->isIndex;
+    return fake::nameOf(identifier).compare(0, 1, "#") != 0;
 }
 
 int32_t NPN_IntFromIdentifier(NPIdentifier identifier) {
-    return static_cast<Name*>(identifier)->index;
+    return std::stoi(fake::nameOf(identifier).substr(1));
 }
 
 NPUTF8* NPN_UTF8FromIdentifier(NPIdentifier identifier) {
-    const std::string& text = static_cast<Name*>(identifier)->text;
+    const std::string& text = fake::nameOf(identifier);
     void* copy = NPN_MemAlloc(static_cast<uint32_t>(text.size() + 1));
     return static_cast<NPUTF8*>(copy ? memcpy(copy, text.c_str(), text.size() + 1) : nullptr);
 }
@@ -325,7 +320,7 @@ bool NPN_Invoke(NPP, NPObject* npobj, NPIdentifier methodName, const NPVariant* 
                 NPVariant* result) {
     EXPECT_PLUGIN_THREAD();
     ScriptObject* object = scriptObject(npobj);
-    const std::string& name = static_cast<Name*>(methodName)->text;
+    const std::string& name = fake::nameOf(methodName);
     if (!object || !object->methods.count(name)) {
         return fake::fail(result);
     }
@@ -342,7 +337,7 @@ bool NPN_InvokeDefault(NPP, NPObject* npobj, const NPVariant* args, uint32_t arg
 bool NPN_GetProperty(NPP, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {
     EXPECT_PLUGIN_THREAD();
     ScriptObject* object = scriptObject(npobj);
-    const std::string& name = static_cast<Name*>(propertyName)->text;
+    const std::string& name = fake::nameOf(propertyName);
     return object && object->properties.count(name) ? fake::answer(object->properties[name], result)
                                                     : fake::fail(result);
 }

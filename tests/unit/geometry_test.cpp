@@ -57,11 +57,8 @@ TEST_F(Geometry, FullScreenGoesThereAndBack) {
     EXPECT_EQ("true", video().call("setFullScreen", {false}));
     EXPECT_EQ("7.SetWindow(100,50,640,360) onFullScreenChange()", happened());
     EXPECT_EQ("false 640 360", place());
-    for (const char* line :
-         {"new FullScreen is equal to old FullScreen\n", "setFullScreen set player in fullscreen mode\n",
-          "setFullScreen  set player not in fullscreen mode\n"}) {
-        EXPECT_EQ(1, logged(2, line)) << line;
-    }
+    expectLogged({"new FullScreen is equal to old FullScreen\n", "setFullScreen set player in fullscreen mode\n",
+                  "setFullScreen  set player not in fullscreen mode\n"});
 }
 
 TEST_F(Geometry, FullScreenTakesTheTruthOfItsArgument) {
@@ -83,8 +80,7 @@ TEST_F(Geometry, ARefusedWindowIsPublishedAllTheSame) {
     television().refused = {"SetWindow"};
     layOut(1, 2, 300, 200);
     EXPECT_EQ("300", video().read("width"));
-    EXPECT_EQ(1, logged(2, "Setting Hbbtv_AL_MediaPlayerSetWindow failed!\n"));
-    EXPECT_EQ(1, logged(2, "SetupPlayer : x 1, y 2, w 300, h 200\n"));
+    expectLogged({"Setting Hbbtv_AL_MediaPlayerSetWindow failed!\n", "SetupPlayer : x 1, y 2, w 300, h 200\n"});
 }
 
 TEST_F(Geometry, AHandlerMayEndTheObjectInside) {

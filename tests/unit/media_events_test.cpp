@@ -18,17 +18,9 @@ void PrintTo(const EventCase& row, std::ostream* out) {
     *out << "event " << row.event << " code " << row.code << " in state " << row.state;
 }
 
-const char* const handlers[] = {"onPlayStateChange",
-                                "onPlaySpeedChanged",
-                                "onPlayPositionChanged",
-                                "onFullScreenChange",
-                                "onfocus",
-                                "onblur",
-                                "onDRMRightsError",
-                                "onSelectedComponentChange",
-                                "onComponentChanged",
-                                "onSelectedComponentChanged",
-                                "onParentalRatingChange"};
+const std::vector<std::string> handlers = words(
+    "onPlayStateChange onPlaySpeedChanged onPlayPositionChanged onFullScreenChange onfocus onblur onDRMRightsError "
+    "onSelectedComponentChange onComponentChanged onSelectedComponentChanged onParentalRatingChange");
 
 const std::vector<EventCase> events = {
     {eMEDIA_CALLBACK_STOPPED, 0, MP_PLAYING, "", "", MP_PLAYING},
@@ -67,10 +59,10 @@ protected:
 
     /** Sets functions that the page itself forgets at once. */
     void setFunctions(bool listeners, const std::function<void()>& body) {
-        for (const char* name : handlers) {
+        for (const std::string& name : handlers) {
             browser().drop(handler(name, body));
         }
-        for (const char* type : listenerTypes) {
+        for (const std::string& type : listenerTypes) {
             if (listeners) {
                 browser().drop(listener(type, body));
             }
@@ -107,10 +99,10 @@ TEST_P(EachMediaEvent, IsAppliedWithoutAnybodyToTell) {
 
 TEST_P(EachMediaEvent, LetsAFunctionRemoveItselfWhileItRuns) {
     setFunctions(true, [this] {
-        for (const char* name : handlers) {
+        for (const std::string& name : handlers) {
             EXPECT_TRUE(video().write(name, nullptr));
         }
-        for (const char* type : listenerTypes) {
+        for (const std::string& type : listenerTypes) {
             video().call("removeEventListener", {type, browser().element});
         }
     });
@@ -181,7 +173,7 @@ TEST_F(MediaEvents, ThePositionComesFromThePlayerOrFromWhatIsStored) {
 }
 
 TEST_F(MediaEvents, TheEventObjectKeepsTheValuesOfEarlierEvents) {
-    for (const char* type : listenerTypes) {
+    for (const std::string& type : listenerTypes) {
         listener(type);
     }
     television().position = 10;

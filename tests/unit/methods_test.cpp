@@ -6,27 +6,11 @@ using Methods = AvControl;
 
 TEST_F(Methods, TwentyOneNamesAreMethods) {
     int index = 0;
-    for (const std::string name : {"play",
-                                   "stop",
-                                   "seek",
-                                   "setVolume",
-                                   "next",
-                                   "previous",
-                                   "getSinkProtocolInfo",
-                                   "getTransportStateVariables",
-                                   "setTransportStateVariables",
-                                   "setFullScreen",
-                                   "focus",
-                                   "queue",
-                                   "addEventListener",
-                                   "removeEventListener",
-                                   "getComponents",
-                                   "getCurrentActiveComponents",
-                                   "selectComponent",
-                                   "unselectComponent",
-                                   "getPluginType",
-                                   "getMediaHandle",
-                                   "getPluginElement"}) {
+    for (const std::string& name : words(
+             "play stop seek setVolume next previous getSinkProtocolInfo getTransportStateVariables "
+             "setTransportStateVariables setFullScreen focus queue addEventListener removeEventListener getComponents "
+             "getCurrentActiveComponents selectComponent unselectComponent getPluginType getMediaHandle "
+             "getPluginElement")) {
         EXPECT_TRUE(video()->hasMethod(identifier(name))) << name;
         EXPECT_NE("(refused)", video().call(name)) << name;
         EXPECT_EQ(1, logged(2, "invoke: " + name + " " + std::to_string(index++) + "\n"));

@@ -86,27 +86,11 @@ private:
     }
 
     void script(Video& video, int action) {
-        const char* property = pick<const char*>({"data",
-                                                  "playPosition",
-                                                  "playTime",
-                                                  "playState",
-                                                  "error",
-                                                  "speed",
-                                                  "width",
-                                                  "height",
-                                                  "id",
-                                                  "fullScreen",
-                                                  "loop",
-                                                  "cache",
-                                                  "onfocus",
-                                                  "onDRMRightsError",
-                                                  "onPlayStateChange",
-                                                  "onPlaySpeedChanged",
-                                                  "none",
-                                                  "onPlayPositionChanged",
-                                                  "onFullScreenChange",
-                                                  "onSelectedComponentChanged",
-                                                  "onParentalRatingChange"});
+        static const std::vector<std::string> properties = ::words(
+            "data playPosition playTime playState error speed width height id fullScreen loop cache onfocus none "
+            "onDRMRightsError onPlayStateChange onPlaySpeedChanged onPlayPositionChanged onFullScreenChange "
+            "onSelectedComponentChanged onParentalRatingChange");
+        const std::string& property = properties[static_cast<size_t>(pick(properties.size()))];
         if (action == 5) {
             video.read(property);
         } else if (action <= 7) {
@@ -121,7 +105,8 @@ private:
             window.height = pick({720u, 360u});
             video->setWindow(nullptr, &window);
         } else if (action == 10) {
-            video.call("addEventListener", {listenerTypes[pick(10)], m_functions[static_cast<size_t>(pick(4))]});
+            video.call("addEventListener",
+                       {listenerTypes[static_cast<size_t>(pick(10))], m_functions[static_cast<size_t>(pick(4))]});
         } else {
             video.call(pick<const char*>({"play", "stop", "seek", "setVolume", "queue", "queue", "setFullScreen",
                                           "focus", "removeEventListener", "getComponents", "selectComponent",
