@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
 constexpr milliseconds PATIENCE(20'000);
-constexpr int FRAME_MS = 40;
+constexpr int64_t FRAME_MS = 40;
 
 inline fs::path film() {
     const char* path = std::getenv("AVCONTROL_MEDIA");

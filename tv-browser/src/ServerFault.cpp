@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr uint64_t longestDelayMs = 24 * 3600 * uint64_t{1000};
+constexpr uint64_t longestDelayMs = uint64_t{24} * 3600 * 1000;
 
 std::optional<uint64_t> readNumber(const std::string& text) {
     const bool isNumber =

@@ -18,9 +18,16 @@ namespace {
 using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
 using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
 
+/// @return the variable's value, which the test's registration sets
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    EXPECT_NE(nullptr, value) << name << " is not set; run the test with ctest";
+    return value ? value : "";
+}
+
 /// A certificate for 127.0.0.1, signed by itself.
 Certificate newCertificate(EVP_PKEY* key) {
-    constexpr long oneDay = 24 * 3600;
+    constexpr long oneDay = 24L * 3600;
     Certificate certificate(X509_new(), &X509_free);
     X509_set_version(certificate.get(), X509_VERSION_3);
     ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
@@ -77,7 +84,7 @@ protected:
         m_server.Get("/verdict.js", [](const httplib::Request&, httplib::Response& response) {
             response.set_content(verdict, "application/javascript");
         });
-        m_server.set_mount_point("/application/media", std::getenv("MEDIA"));
+        m_server.set_mount_point("/application/media", environment("MEDIA"));
         m_server.set_file_request_handler([this](const httplib::Request& request, httplib::Response&) {
             const std::lock_guard<std::mutex> lock(m_mutex);
             m_filmHeaders = request.headers;
@@ -97,8 +104,8 @@ protected:
 
     /// @return the browser's exit code
     int open(const std::string& options) const {
-        const std::string command = std::string(std::getenv("TV_BROWSER")) + " --headless --verdict --exit-after 30 " +
-                                    options + " https://127.0.0.1:" + std::to_string(m_port) + "/start";
+        const std::string command = environment("TV_BROWSER") + " --headless --verdict --exit-after 30 " + options +
+                                    " https://127.0.0.1:" + std::to_string(m_port) + "/start";
         return WEXITSTATUS(std::system(command.c_str()));
     }
 

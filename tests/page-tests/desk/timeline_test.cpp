@@ -58,8 +58,8 @@ TEST(Timeline, TellsTheStoryInTheDocumentedForm) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("timeline.jsonl");
     ASSERT_EQ(0, browse({"--verdict", "--exit-after", "40", "--timeline", path, "--keys",
-                         "wait:1,RIGHT,wait:3,RIGHT,wait:9,RIGHT", "--mount", "shared=" SHARED_PAGES, "--mount",
-                         qEnvironmentVariable("MEDIA_MOUNT"), TEST_PAGE}));
+                         "wait:1,RIGHT,wait:3,RIGHT,wait:9,RIGHT", "--mount", QString("shared=") + SHARED_PAGES,
+                         "--mount", qEnvironmentVariable("MEDIA_MOUNT"), TEST_PAGE}));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto kinds = documentedKinds();
