@@ -41,9 +41,12 @@
     Object.defineProperty(HTMLObjectElement.prototype, name, {
       configurable: true,
       writable: true,
-      value: function(type, listener) {
+      value: function(type, listener, capture) {
         var own = objects.typeOf(this);
-        if (eventTypes.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
+        // What the object will refuse is not kept for it.
+        var accepted = Object(listener) === listener &&
+          (arguments.length === 2 || arguments.length === 3 && (capture === null || typeof capture === 'boolean'));
+        if (accepted && eventTypes.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
           record(this, 'avcontrol listener ' + type, listener);
         }
         return inherited.apply(this, arguments);

@@ -125,7 +125,9 @@ bool isNothing(const NPVariant& value) {
 void applyProperty(PluginInstance& instance, const Element& element, const char* name) {
     NPVariant value = element.read(name);
     if (!NPVARIANT_IS_VOID(value) && (!NPVARIANT_IS_NULL(value) || element.owns(name))) {
-        // Set while there was no instance; from now on the record has it.
+        // Set while there was no instance; from now on the record has it. What the engine itself would call, such as
+        // `onfocus`, cannot be removed but emptied.
+        element.write(name, NPVariant{NPVariantType_Null, {}});
         element.remove(name);
         element.write(keptProperty(name), value);
     } else {
@@ -177,7 +179,10 @@ void recordProperty(PluginInstance& instance, const std::string& name, const NPV
 }
 
 void recordListener(PluginInstance& instance, NPIdentifier method, const NPVariant* args, uint32_t argCount) {
-    if (argCount < 2 || !NPVARIANT_IS_STRING(args[0])) {
+    // What the object refuses is not kept either.
+    const bool wellFormed =
+        argCount == 2 || (argCount == 3 && (NPVARIANT_IS_BOOLEAN(args[2]) || NPVARIANT_IS_NULL(args[2])));
+    if (!wellFormed || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
         return;
     }
     const bool added = method == NPN_GetStringIdentifier("addEventListener");
