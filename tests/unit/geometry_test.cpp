@@ -61,6 +61,18 @@ TEST_F(Geometry, FullScreenGoesThereAndBack) {
                   "setFullScreen  set player not in fullscreen mode\n"});
 }
 
+TEST_F(Geometry, ThePlaceThatAHandlerBringsAboutHolds) {
+    NPWindow window = {nullptr, 100, 50, 1280, 720, {}, nullptr, NPWindowTypeDrawable};
+    layOut(100, 50, 640, 360);
+    handler("onFullScreenChange", [&] {
+        window = {nullptr, 1, 2, 320, 180, {}, nullptr, NPWindowTypeDrawable};
+        handler("onFullScreenChange");
+        video()->setWindow(nullptr, &window);
+    });
+    video()->setWindow(nullptr, &window);
+    EXPECT_EQ("onFullScreenChange() onFullScreenChange() 7.SetWindow(1,2,320,180)", happened());
+}
+
 TEST_F(Geometry, FullScreenTakesTheTruthOfItsArgument) {
     for (const bool truth : {true, false}) {
         const std::vector<Value> arguments =

@@ -56,18 +56,18 @@ NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
         LOG_ERROR("setWindow without a window or script state: ignored\n");
         return NPERR_NO_ERROR;
     }
-    // The page's handler may have the browser change its record, or delete this object.
-    const NPWindow place = *window;
     const bool isFull = readTruth(m_pNpVarProperties[fullScreen]);
     const InstanceGuard guard(this);
-    if (place.width == FULL_WIDTH && place.height == FULL_HEIGHT && !isFull) {
+    if (window->width == FULL_WIDTH && window->height == FULL_HEIGHT && !isFull) {
         changeFullScreen(*this, true);
-    } else if (place.width != FULL_WIDTH && place.height != FULL_HEIGHT && isFull) {
+    } else if (window->width != FULL_WIDTH && window->height != FULL_HEIGHT && isFull) {
         changeFullScreen(*this, false);
     }
     if (!guard.alive()) {
         return NPERR_NO_ERROR;
     }
+    // Read only now: the page's handler may have had the browser place the element anew.
+    const NPWindow place = *window;
     if (place.x == m_nX && place.y == m_nY && place.width == m_nW && place.height == m_nH) {
         return NPERR_NO_ERROR;
     }

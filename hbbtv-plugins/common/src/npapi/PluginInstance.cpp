@@ -11,6 +11,9 @@
 
 namespace {
 
+constexpr int FULL_WIDTH = 1280;
+constexpr int FULL_HEIGHT = 720;
+
 int instancesMade = 0;
 
 std::vector<PluginInstance*>& liveInstances() {
@@ -133,13 +136,23 @@ void PluginInstance::traceState() {
     NPN_ReleaseVariantValue(&value);
 }
 
-bool PluginInstance::isFullScreen() {
+int PluginInstance::numberOf(const char* property) {
     NPVariant value;
     VOID_TO_NPVARIANT(value);
-    const bool found = m_plugin->getProperty(NPN_GetStringIdentifier("fullScreen"), &value);
-    const bool on = found && NPVARIANT_IS_BOOLEAN(value) && NPVARIANT_TO_BOOLEAN(value);
+    m_plugin->getProperty(NPN_GetStringIdentifier(property), &value);
+    int number = 0;
+    if (NPVARIANT_IS_INT32(value)) {
+        number = NPVARIANT_TO_INT32(value);
+    } else if (NPVARIANT_IS_BOOLEAN(value)) {
+        number = NPVARIANT_TO_BOOLEAN(value) ? 1 : 0;
+    }
     NPN_ReleaseVariantValue(&value);
-    return on;
+    return number;
+}
+
+bool PluginInstance::isFullScreen() {
+    // A page may write `fullScreen`, and play() puts the picture back: the size tells where the picture is.
+    return numberOf("fullScreen") == 1 && numberOf("width") == FULL_WIDTH && numberOf("height") == FULL_HEIGHT;
 }
 
 void PluginInstance::place(void* npp) {
@@ -166,6 +179,7 @@ void PluginInstance::place(void* npp) {
     window.y = place.y;
     window.width = place.width;
     window.height = place.height;
+    // One record for all calls: where a page's handler moves the element again, the later place holds.
     instance->m_reported = window;
-    instance->m_plugin->setWindow(static_cast<NPP>(npp), &window);
+    instance->m_plugin->setWindow(static_cast<NPP>(npp), &instance->m_reported);
 }

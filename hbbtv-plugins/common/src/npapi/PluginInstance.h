@@ -61,6 +61,8 @@ public:
 
 private:
     static void place(void* npp);
+    /// @return a property's whole number, 1 for true, 0 for anything else
+    int numberOf(const char* property);
     bool isFullScreen();
 
     const HbbTVModule& m_module;
