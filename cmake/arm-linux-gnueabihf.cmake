@@ -8,3 +8,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 # The compiler's notes about parameter passing before GCC 7 concern nobody who compiles everything with one compiler.
 set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
+# Debian's emulator of the processor runs the unit tests; a television's own machine may take its place.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L /usr/arm-linux-gnueabihf)

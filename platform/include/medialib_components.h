@@ -34,7 +34,8 @@ typedef struct Hbbtv_AL_ComponentInfo {
  * @param type       0 video, 1 audio, 2 subtitle
  * @param components receives the list, in the order of the media; may be null when `capacity` is 0
  * @param capacity   room in `components`
- * @return how many there are (more than `capacity` when the room did not suffice); 0 without media
+ * @return how many there are; 0 without media. Those beyond `capacity`, for which the plug-in framework gives 256, are
+ *         left out.
  * Thread: the browser's plug-in thread. Returns at once.
  */
 int Hbbtv_AL_MediaPlayerGetComponents(int player, int type, Hbbtv_AL_ComponentInfo* components, int capacity);

@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr size_t LONGEST_INDEX = 9; // digits that always fit an int
+constexpr size_t LONGEST_INDEX = 9;  // digits that always fit an int
+constexpr int MOST_COMPONENTS = 256; // of one type; a player that tells more is taken for mistaken
 
 NPClass collectionClass;
 NPIdentifier lengthIdentifier;
@@ -95,16 +96,9 @@ bool sameComponent(const Hbbtv_AL_ComponentInfo& a, const Hbbtv_AL_ComponentInfo
 }
 
 void appendComponents(int player, AVComponentType type, std::vector<Hbbtv_AL_ComponentInfo>* list) {
-    std::vector<Hbbtv_AL_ComponentInfo> components(16);
-    int count = 0;
-    for (;;) {
-        count = Hbbtv_AL_MediaPlayerGetComponents(player, type, components.data(), static_cast<int>(components.size()));
-        if (count <= static_cast<int>(components.size())) {
-            break;
-        }
-        components.resize(static_cast<size_t>(count));
-    }
-    for (int i = 0; i < count; ++i) {
+    std::vector<Hbbtv_AL_ComponentInfo> components(MOST_COMPONENTS);
+    const int count = Hbbtv_AL_MediaPlayerGetComponents(player, type, components.data(), MOST_COMPONENTS);
+    for (int i = 0; i < std::min(count, MOST_COMPONENTS); ++i) {
         Hbbtv_AL_ComponentInfo& info = components[static_cast<size_t>(i)];
         info.type = type;
         info.encoding[sizeof info.encoding - 1] = '\0';
