@@ -12,7 +12,7 @@ TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(s
     m_layout.setContentsMargins(0, 0, 0, 0);
     m_layout.setSpacing(0);
     m_layout.addWidget(m_picture, 1);
-    resize(m_picture->sizeHint());
+    resize(m_picture->sizeHint().boundedTo(QWidget::screen()->availableSize()));
     m_picture->setFocus();
     connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
 }
