@@ -40,7 +40,7 @@ TvPage::TvPage(Profile& profile)
     addFrame(mainFrame());
     connect(this, &QWebPage::frameCreated, this, &TvPage::addFrame);
     connect(this, &QWebPage::consoleMessageReceived, this, &TvPage::printConsoleMessage);
-    connect(this, &QWebPage::loadFinished, this, &TvPage::loadEnded);
+    connect(mainFrame(), &QWebFrame::loadFinished, this, &TvPage::loadEnded);
     connect(&m_network, &QNetworkAccessManager::finished, this, &TvPage::replyFinished);
     connect(&m_network, &QNetworkAccessManager::sslErrors, this, &TvPage::certificateRefused);
 

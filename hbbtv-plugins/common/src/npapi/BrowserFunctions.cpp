@@ -8,6 +8,7 @@
 #include "PageCall.h"
 #include "PageCallTrace.h"
 #include "PageFunction.h"
+#include "PluginInstance.h"
 
 #include <algorithm>
 #include <string.h>
@@ -20,8 +21,7 @@ bool complete(const NPNetscapeFuncs& table) {
     return table.memalloc && table.memfree && table.getvalue && table.setvalue && table.getstringidentifier &&
            table.getintidentifier && table.identifierisstring && table.utf8fromidentifier && table.intfromidentifier &&
            table.createobject && table.retainobject && table.releaseobject && table.invoke && table.invokeDefault &&
-           table.evaluate && table.getproperty && table.setproperty && table.releasevariantvalue &&
-           table.pluginthreadasynccall;
+           table.getproperty && table.setproperty && table.releasevariantvalue && table.pluginthreadasynccall;
 }
 
 } // namespace
@@ -48,7 +48,13 @@ const NPNetscapeFuncs& browserFunctions() {
 }
 
 HBBTV_EXPORT NPError NPN_GetValue(NPP instance, NPNVariable variable, void* value) {
-    return functions.getvalue(instance, variable, value);
+    PluginInstance* known = PluginInstance::of(instance);
+    if (!known || (variable != NPNVWindowNPObject && variable != NPNVPluginElementNPObject)) {
+        return functions.getvalue(instance, variable, value);
+    }
+    NPObject* object = known->pageObject(variable);
+    *static_cast<NPObject**>(value) = object;
+    return object ? NPError{NPERR_NO_ERROR} : NPError{NPERR_GENERIC_ERROR};
 }
 
 HBBTV_EXPORT NPError NPN_SetValue(NPP instance, NPPVariable variable, void* value) {
@@ -118,10 +124,6 @@ HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* a
     const bool succeeded = function && callPageFunction(npp, function, args, argCount, result);
     NPN_ReleaseObject(function);
     return trace.finished(succeeded);
-}
-
-HBBTV_EXPORT bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result) {
-    return functions.evaluate && functions.evaluate(npp, npobj, script, result);
 }
 
 HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {

@@ -2,16 +2,14 @@
 
 #include "BrowserFunctions.h"
 #include "HbbTVBaseClass.h"
-
-#include <string.h>
+#include "WindowScript.h"
 
 namespace {
 
-constexpr char COPY_COLLECTION[] = "(function(collection) {"
-                                   " var items = [];"
-                                   " for (var i = 0; i < collection.length; ++i) items[i] = collection.item(i);"
-                                   " items.item = function(i) { return items[i] === undefined ? null : items[i]; };"
-                                   " return items; })";
+constexpr char COPY_COLLECTION[] = "var items = [];"
+                                   "for (var i = 0; i < collection.length; ++i) items[i] = collection.item(i);"
+                                   "items.item = function(i) { return items[i] === undefined ? null : items[i]; };"
+                                   "return items;";
 
 bool isCollection(const NPVariant& value) {
     return NPVARIANT_IS_OBJECT(value) && HbbTVBaseClass::isFrameworkObject(NPVARIANT_TO_OBJECT(value)) &&
@@ -22,23 +20,16 @@ bool isCollection(const NPVariant& value) {
 } // namespace
 
 void presentAsArray(NPP npp, NPVariant* value) {
-    NPObject* window = nullptr;
-    if (!isCollection(*value) || NPN_GetValue(npp, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
+    NPVariant copy;
+    if (!isCollection(*value) || !makeWindowFunction(npp, "collection", COPY_COLLECTION, &copy)) {
         return;
     }
-    NPString script = {COPY_COLLECTION, static_cast<uint32_t>(strlen(COPY_COLLECTION))};
-    NPVariant copy;
-    VOID_TO_NPVARIANT(copy);
-    if (NPN_Evaluate(npp, window, &script, &copy)) {
-        NPVariant array;
-        VOID_TO_NPVARIANT(array);
-        // Not by NPN_InvokeDefault, which traces calls of the page's own functions.
-        if (NPVARIANT_IS_OBJECT(copy) &&
-            browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(copy), value, 1, &array)) {
-            NPN_ReleaseVariantValue(value);
-            *value = array;
-        }
-        NPN_ReleaseVariantValue(&copy);
+    NPVariant array;
+    VOID_TO_NPVARIANT(array);
+    // Not by NPN_InvokeDefault, which traces calls of the page's own functions.
+    if (browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(copy), value, 1, &array)) {
+        NPN_ReleaseVariantValue(value);
+        *value = array;
     }
-    NPN_ReleaseObject(window);
+    NPN_ReleaseVariantValue(&copy);
 }

@@ -38,6 +38,16 @@ NPObject* readObject(NPP npp, NPObject* object, const char* name) {
     return nullptr;
 }
 
+/// Replaces a window by its parent, and gives the element that frames it: null for the page's own window and for the
+/// frame of another origin, whose offset stays unknown. The window is null, too, then. What measures an element may run
+/// script, which may end the frame and with it its window: so this comes before.
+void climb(NPP npp, NPObject** window, NPObject** frame) {
+    *frame = readObject(npp, *window, "frameElement");
+    NPObject* parent = *frame ? readObject(npp, *window, "parent") : nullptr;
+    NPN_ReleaseObject(*window);
+    *window = parent;
+}
+
 /// Adds the corner of an element's content box, in its own frame, to x and y.
 bool addCorner(NPP npp, NPObject* element, double* x, double* y) {
     NPVariant rectangle;
@@ -70,6 +80,8 @@ bool findElementPlace(NPP npp, ElementPlace* place) {
         NPN_ReleaseObject(element);
         return false;
     }
+    NPObject* frame = nullptr;
+    climb(npp, &window, &frame);
     double left = 0;
     double top = 0;
     double width = 0;
@@ -77,18 +89,14 @@ bool findElementPlace(NPP npp, ElementPlace* place) {
     const bool found = addCorner(npp, element, &left, &top) && readNumber(npp, element, "clientWidth", &width) &&
                        readNumber(npp, element, "clientHeight", &height) && width > 0 && height > 0;
     NPN_ReleaseObject(element);
-    // The engine answers null for the frame of another origin: its own offset then stays unknown.
-    while (NPObject* frame = found ? readObject(npp, window, "frameElement") : nullptr) {
+    while (frame) {
         addCorner(npp, frame, &left, &top);
         NPN_ReleaseObject(frame);
-        NPObject* parent = readObject(npp, window, "parent");
-        NPN_ReleaseObject(window);
-        window = parent;
-        if (!window) {
-            break;
+        frame = nullptr;
+        if (window) {
+            climb(npp, &window, &frame);
         }
     }
-    NPN_ReleaseObject(window);
     if (found) {
         *place = {static_cast<int32_t>(lround(left)), static_cast<int32_t>(lround(top)),
                   static_cast<uint32_t>(lround(width)), static_cast<uint32_t>(lround(height))};

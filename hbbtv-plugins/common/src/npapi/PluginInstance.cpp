@@ -1,6 +1,7 @@
 #include "PluginInstance.h"
 
 #include "AsyncCalls.h"
+#include "BrowserFunctions.h"
 #include "ElementPlace.h"
 #include "PageFunction.h"
 #include "PageRecord.h"
@@ -24,8 +25,8 @@ std::vector<PluginInstance*>& liveInstances() {
 } // namespace
 
 PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type)
-    : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr), m_window(),
-      m_reported(), m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
+    : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr),
+      m_element(nullptr), m_window(), m_reported(), m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
     m_npp->pdata = this;
     liveInstances().push_back(this);
     openAsyncCalls(npp);
@@ -44,6 +45,7 @@ PluginInstance::~PluginInstance() {
         NPN_ReleaseObject(&m_scriptObject->object);
     }
     delete m_plugin;
+    NPN_ReleaseObject(m_element);
     closeAsyncCalls(m_npp);
     if (pluginTraceIsOn()) {
         pluginTraceEntry(HBBTV_TRACE_DESTROYED, m_number, pluginTraceNow(), 0, "destroyed");
@@ -101,6 +103,26 @@ NPObject* PluginInstance::scriptObject() {
         m_scriptObject = createPluginScriptObject(*this);
     }
     return m_scriptObject ? NPN_RetainObject(&m_scriptObject->object) : nullptr;
+}
+
+NPObject* PluginInstance::pageObject(NPNVariable variable) {
+    const NPNetscapeFuncs& browser = browserFunctions();
+    if (!m_element) {
+        browser.getvalue(m_npp, NPNVPluginElementNPObject, &m_element);
+    }
+    if (variable == NPNVPluginElementNPObject) {
+        return NPN_RetainObject(m_element);
+    }
+    NPVariant name;
+    VOID_TO_NPVARIANT(name);
+    // Every element has a name; the object of one whose frame has gone answers nothing.
+    const bool hasFrame = m_element && NPN_GetProperty(m_npp, m_element, NPN_GetStringIdentifier("nodeName"), &name);
+    NPN_ReleaseVariantValue(&name);
+    NPObject* window = nullptr;
+    if (hasFrame) {
+        browser.getvalue(m_npp, NPNVWindowNPObject, &window);
+    }
+    return window;
 }
 
 void PluginInstance::laidOut(const NPWindow& window) {

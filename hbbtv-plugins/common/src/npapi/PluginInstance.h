@@ -56,6 +56,14 @@ public:
     NPP npp() const { return m_npp; }
     int number() const { return m_number; }
 
+    /**
+     * The engine's objects of the instance, as NPN_GetValue gives them. The element is asked for once and kept: engines
+     * cannot make its object any more, nor a window, when a frame has gone in which the instance still lives.
+     * @param variable NPNVWindowNPObject or NPNVPluginElementNPObject
+     * @return with a reference for the caller; null when the frame has gone
+     */
+    NPObject* pageObject(NPNVariable variable);
+
     /** Which of the element's places for functions of the page are taken. */
     std::vector<bool>& functionPlaces() { return m_functionPlaces; }
 
@@ -70,6 +78,7 @@ private:
     PluginBaseClass* m_plugin;
     int m_number;
     PluginScriptObject* m_scriptObject;
+    NPObject* m_element;
     std::vector<bool> m_functionPlaces;
     NPWindow m_window;   ///< what the engine gave last
     NPWindow m_reported; ///< what the plug-in was given last
