@@ -83,13 +83,14 @@ TEST_F(QueueAndLoop, AHandlerOfTheEndMayStillDropTheItem) {
 
 TEST_F(QueueAndLoop, AnAddressTooLongToWaitIsRefusedWhole) {
     const std::string longest = "http://" + std::string(1016, 'q');
-    for (const int state : {MP_STOPPED, MP_PLAYING}) {
+    for (const int state : {MP_STOPPED, MP_PLAYING, MP_ERROR}) {
         video().is(state);
-        EXPECT_EQ("false", video().call("queue", {longest + "r"}));
+        EXPECT_EQ(state == MP_ERROR ? "true" : "false", video().call("queue", {longest + "r"}));
         EXPECT_FALSE(video()->m_bUrlIsQueued);
         EXPECT_EQ("", delivered());
     }
     EXPECT_EQ(2, logged(5, "queue refused: 1024 bytes, at most 1023 are taken\n"));
+    video().is(MP_PLAYING);
     EXPECT_EQ("true", video().call("queue", {longest}));
     EXPECT_EQ(longest, video()->m_acQueuedUrlBuffer);
     video().report(eMEDIA_CALLBACK_FINISHED);
@@ -98,13 +99,18 @@ TEST_F(QueueAndLoop, AnAddressTooLongToWaitIsRefusedWhole) {
 
 TEST_F(QueueAndLoop, AnAddressThatProvesTooLongDoesNotStartTheFormerMedia) {
     browser().location->properties["href"] = "http://tv.example/" + std::string(900, 'f') + "/page.html";
-    video().is(MP_PLAYING);
-    EXPECT_EQ("true", video().call("queue", {std::string(300, 'q')}));
-    happened();
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_EQ(std::string::npos, happened().find("7.Play"));
-    EXPECT_EQ("0", video().read("playState"));
-    EXPECT_FALSE(video()->m_bUrlIsQueued);
+    for (const size_t length : {105u, 300u}) { // too long for the player, too long to be kept
+        const std::string url(length, 'q');
+        video().is(MP_PLAYING);
+        EXPECT_EQ("true", video().call("queue", {url}));
+        happened();
+        video().report(eMEDIA_CALLBACK_FINISHED);
+        EXPECT_EQ(std::string::npos, happened().find("7.Play"));
+        EXPECT_EQ("0", video().read("playState"));
+        EXPECT_FALSE(video()->m_bUrlIsQueued);
+        EXPECT_EQ("false", video().call("queue", {url}));
+        EXPECT_EQ("", delivered());
+    }
 }
 
 TEST_F(QueueAndLoop, ACountRepeatsSilentlyAndTheQueueWaitsForTheLastEnd) {

@@ -10,10 +10,21 @@ static constexpr uint32_t TOO_SHORT_URL = 4;
 
 bool playNow(VideoPlugin& plugin, const NPVariant& url) {
     const bool taken = static_cast<PluginBaseClass&>(plugin).setProperty(piProperties[data], &url);
-    if (!taken && NPVARIANT_TO_STRING(url).UTF8Length > TOO_SHORT_URL) {
+    const NPVariant& source = plugin.m_pNpVarProperties[data];
+    // Too long by the page's folder: the player would start the former media under the new name.
+    const bool playable = !NPVARIANT_IS_STRING(source) || NPVARIANT_TO_STRING(source).UTF8Length <= LONGEST_URL;
+    if (!playable || (!taken && NPVARIANT_TO_STRING(url).UTF8Length > TOO_SHORT_URL)) {
         return false;
     }
     plugin.Play(intVariant(1));
+    return true;
+}
+
+static bool fits(const NPString& url) {
+    if (url.UTF8Length > LONGEST_URL) {
+        LOG_ERROR("queue refused: %u bytes, at most %u are taken\n", url.UTF8Length, LONGEST_URL);
+        return false;
+    }
     return true;
 }
 
@@ -29,20 +40,19 @@ NPVariant VideoPlugin::Queue(NPVariant url) {
         return boolVariant(false);
     }
     const NPString& text = NPVARIANT_TO_STRING(url);
-    if (text.UTF8Length > LONGEST_URL) {
-        LOG_ERROR("queue refused: %u bytes, at most %u are taken\n", text.UTF8Length, LONGEST_URL);
-        return boolVariant(false);
-    }
     switch (currentPlayState(*this)) {
     case MP_STOPPED:
     case MP_FINISHED:
         LOG("queue() called in MP_STOPPED or MP_FINISHED state\n");
-        return boolVariant(playNow(*this, url));
+        return boolVariant(fits(text) && playNow(*this, url));
     case MP_PLAYING:
     case MP_PAUSED:
     case MP_CONNECTING:
     case MP_BUFFERING:
         LOG("queue() called in MP_PLAYING or MP_PAUSED or MP_CONNECTING or BUFFERINGstate\n");
+        if (!fits(text)) {
+            return boolVariant(false);
+        }
         memset(m_acQueuedUrlBuffer, 0, sizeof m_acQueuedUrlBuffer);
         if (text.UTF8Length > 0) {
             memcpy(m_acQueuedUrlBuffer, text.UTF8Characters, text.UTF8Length);

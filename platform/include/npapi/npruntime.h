@@ -183,6 +183,14 @@ bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, const NPVaria
 /** Calls a script function. Parameters and result as NPN_Invoke. */
 bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* args, uint32_t argCount, NPVariant* result);
 
+/**
+ * Runs a script in the global scope of an object's page.
+ * @param npobj  the page's window
+ * @param script the caller's
+ * @param result receives the script's value, as NPN_Invoke
+ */
+bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result);
+
 /** Reads a property. @param result as NPN_Invoke. @return false when the object has no such property. */
 bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result);
 

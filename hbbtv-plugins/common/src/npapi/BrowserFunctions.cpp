@@ -126,6 +126,10 @@ HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* a
     return trace.finished(succeeded);
 }
 
+HBBTV_EXPORT bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result) {
+    return functions.evaluate && functions.evaluate(npp, npobj, script, result);
+}
+
 HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {
     return functions.getproperty(npp, npobj, propertyName, result);
 }

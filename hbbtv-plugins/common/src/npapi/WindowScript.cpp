@@ -4,31 +4,61 @@
 
 #include <string.h>
 
-bool makeWindowFunction(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+#include <string>
+
+namespace {
+
+NPObject* windowOf(NPP npp) {
     NPObject* window = nullptr;
-    if (NPN_GetValue(npp, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
-        return false;
+    return NPN_GetValue(npp, NPNVWindowNPObject, &window) == NPERR_NO_ERROR ? window : nullptr;
+}
+
+bool isFunction(NPVariant* made) {
+    if (NPVARIANT_IS_OBJECT(*made)) {
+        return true;
     }
-    // Not by NPN_Evaluate, which in QtWebKit keeps the instance for a turn: the engine crashes when its frame goes
-    // then.
+    NPN_ReleaseVariantValue(made);
+    VOID_TO_NPVARIANT(*made);
+    return false;
+}
+
+bool construct(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+    NPObject* window = windowOf(npp);
     NPVariant constructor;
     VOID_TO_NPVARIANT(constructor);
-    NPN_GetProperty(npp, window, NPN_GetStringIdentifier("Function"), &constructor);
-    // Before anything of the page runs: engines free a frame's window with the frame, whatever references are left.
-    NPN_ReleaseObject(window);
-    NPVariant made;
-    VOID_TO_NPVARIANT(made);
-    if (NPVARIANT_IS_OBJECT(constructor)) {
-        NPVariant texts[2];
-        STRINGN_TO_NPVARIANT(parameters, static_cast<uint32_t>(strlen(parameters)), texts[0]);
-        STRINGN_TO_NPVARIANT(body, static_cast<uint32_t>(strlen(body)), texts[1]);
-        browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(constructor), texts, 2, &made);
+    if (window) {
+        NPN_GetProperty(npp, window, NPN_GetStringIdentifier("Function"), &constructor);
     }
-    NPN_ReleaseVariantValue(&constructor);
-    if (!NPVARIANT_IS_OBJECT(made)) {
-        NPN_ReleaseVariantValue(&made);
+    // Before anything runs: engines free a frame's window with the frame, whatever references are left.
+    NPN_ReleaseObject(window);
+    if (!isFunction(&constructor)) {
         return false;
     }
-    *function = made;
-    return true;
+    NPVariant texts[2];
+    STRINGN_TO_NPVARIANT(parameters, static_cast<uint32_t>(strlen(parameters)), texts[0]);
+    STRINGN_TO_NPVARIANT(body, static_cast<uint32_t>(strlen(body)), texts[1]);
+    browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(constructor), texts, 2, function);
+    NPN_ReleaseVariantValue(&constructor);
+    return isFunction(function);
+}
+
+bool evaluate(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+    NPObject* window = windowOf(npp);
+    if (!window) {
+        return false;
+    }
+    const std::string source = std::string("(function(") + parameters + ") {" + body + "})";
+    NPString script = {source.c_str(), static_cast<uint32_t>(source.size())};
+    NPN_Evaluate(npp, window, &script, function);
+    NPN_ReleaseObject(window);
+    return isFunction(function);
+}
+
+} // namespace
+
+bool makeWindowFunction(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+    VOID_TO_NPVARIANT(*function);
+    // NPN_Evaluate makes QtWebKit keep the instance for a turn, in which its frame must not go: only for pages whose
+    // content security policy forbids the constructor.
+    return construct(npp, parameters, body, function) || evaluate(npp, parameters, body, function);
 }
