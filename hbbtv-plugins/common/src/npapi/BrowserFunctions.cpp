@@ -48,11 +48,11 @@ const NPNetscapeFuncs& browserFunctions() {
 }
 
 HBBTV_EXPORT NPError NPN_GetValue(NPP instance, NPNVariable variable, void* value) {
-    PluginInstance* known = PluginInstance::of(instance);
-    if (!known || (variable != NPNVWindowNPObject && variable != NPNVPluginElementNPObject)) {
+    if (variable != NPNVWindowNPObject && variable != NPNVPluginElementNPObject) {
         return functions.getvalue(instance, variable, value);
     }
-    NPObject* object = known->pageObject(variable);
+    PluginInstance* known = PluginInstance::of(instance);
+    NPObject* object = known ? known->pageObject(variable) : nullptr;
     *static_cast<NPObject**>(value) = object;
     return object ? NPError{NPERR_NO_ERROR} : NPError{NPERR_GENERIC_ERROR};
 }
@@ -127,7 +127,7 @@ HBBTV_EXPORT bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* a
 }
 
 HBBTV_EXPORT bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result) {
-    return functions.evaluate && functions.evaluate(npp, npobj, script, result);
+    return functions.evaluate && PluginInstance::of(npp) && functions.evaluate(npp, npobj, script, result);
 }
 
 HBBTV_EXPORT bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result) {

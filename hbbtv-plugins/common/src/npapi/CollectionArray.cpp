@@ -2,6 +2,7 @@
 
 #include "BrowserFunctions.h"
 #include "HbbTVBaseClass.h"
+#include "PluginInstance.h"
 #include "WindowScript.h"
 
 namespace {
@@ -19,17 +20,21 @@ bool isCollection(const NPVariant& value) {
 
 } // namespace
 
-void presentAsArray(NPP npp, NPVariant* value) {
-    NPVariant copy;
-    if (!isCollection(*value) || !makeWindowFunction(npp, "collection", COPY_COLLECTION, &copy)) {
+NPObject* makeCollectionCopier(NPP npp) {
+    return makeWindowFunction(npp, "collection", COPY_COLLECTION);
+}
+
+void presentAsArray(PluginInstance& instance, NPVariant* value) {
+    if (!isCollection(*value) || !instance.collectionCopier()) {
         return;
     }
+    NPObject* copier = NPN_RetainObject(instance.collectionCopier());
     NPVariant array;
     VOID_TO_NPVARIANT(array);
     // Not by NPN_InvokeDefault, which traces calls of the page's own functions.
-    if (browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(copy), value, 1, &array)) {
+    if (browserFunctions().invokeDefault(instance.npp(), copier, value, 1, &array)) {
         NPN_ReleaseVariantValue(value);
         *value = array;
     }
-    NPN_ReleaseVariantValue(&copy);
+    NPN_ReleaseObject(copier);
 }

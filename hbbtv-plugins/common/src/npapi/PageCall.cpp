@@ -1,6 +1,7 @@
 #include "PageCall.h"
 
 #include "BrowserFunctions.h"
+#include "PluginInstance.h"
 #include "WindowScript.h"
 
 #include <vector>
@@ -14,23 +15,28 @@ constexpr char CALL_REPORTING[] = "var args = Array.prototype.slice.call(argumen
 
 } // namespace
 
+NPObject* makePageCaller(NPP npp) {
+    return makeWindowFunction(npp, "page, element", CALL_REPORTING);
+}
+
 bool callPageFunction(NPP npp, NPObject* function, const NPVariant* args, uint32_t argCount, NPVariant* result) {
-    NPObject* element = nullptr;
-    NPVariant caller;
-    const bool reporting = NPN_GetValue(npp, NPNVPluginElementNPObject, &element) == NPERR_NO_ERROR && element &&
-                           makeWindowFunction(npp, "page, element", CALL_REPORTING, &caller);
+    PluginInstance* instance = PluginInstance::of(npp);
+    if (!instance) {
+        return false;
+    }
+    NPObject* caller = NPN_RetainObject(instance->pageCaller());
+    NPObject* element = instance->pageObject(NPNVPluginElementNPObject);
     bool called = false;
-    if (reporting) {
+    if (caller && element) {
         std::vector<NPVariant> values(2);
         OBJECT_TO_NPVARIANT(function, values[0]);
         OBJECT_TO_NPVARIANT(element, values[1]);
         values.insert(values.end(), args, args + argCount);
-        called =
-            browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(caller), values.data(), argCount + 2, result);
-        NPN_ReleaseVariantValue(&caller);
+        called = browserFunctions().invokeDefault(npp, caller, values.data(), argCount + 2, result);
     } else {
         called = browserFunctions().invokeDefault(npp, function, args, argCount, result);
     }
     NPN_ReleaseObject(element);
+    NPN_ReleaseObject(caller);
     return called;
 }

@@ -2,7 +2,9 @@
 
 #include "AsyncCalls.h"
 #include "BrowserFunctions.h"
+#include "CollectionArray.h"
 #include "ElementPlace.h"
+#include "PageCall.h"
 #include "PageFunction.h"
 #include "PageRecord.h"
 #include "PluginScriptObject.h"
@@ -22,12 +24,18 @@ std::vector<PluginInstance*>& liveInstances() {
     return instances;
 }
 
+template <class Predicate> PluginInstance* findLive(Predicate wanted) {
+    const std::vector<PluginInstance*>& live = liveInstances();
+    const auto found = std::find_if(live.begin(), live.end(), wanted);
+    return found == live.end() ? nullptr : *found;
+}
+
 } // namespace
 
 PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type)
     : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr),
-      m_element(nullptr), m_window(), m_reported(), m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
-    m_npp->pdata = this;
+      m_element(nullptr), m_pageCaller(nullptr), m_collectionCopier(nullptr), m_window(), m_reported(),
+      m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
     liveInstances().push_back(this);
     openAsyncCalls(npp);
     if (pluginTraceIsOn()) {
@@ -37,7 +45,6 @@ PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType ty
 }
 
 PluginInstance::~PluginInstance() {
-    m_npp->pdata = nullptr;
     std::vector<PluginInstance*>& live = liveInstances();
     live.erase(std::remove(live.begin(), live.end(), this), live.end());
     if (m_scriptObject) {
@@ -45,6 +52,8 @@ PluginInstance::~PluginInstance() {
         NPN_ReleaseObject(&m_scriptObject->object);
     }
     delete m_plugin;
+    NPN_ReleaseObject(m_collectionCopier);
+    NPN_ReleaseObject(m_pageCaller);
     NPN_ReleaseObject(m_element);
     closeAsyncCalls(m_npp);
     if (pluginTraceIsOn()) {
@@ -53,18 +62,19 @@ PluginInstance::~PluginInstance() {
 }
 
 PluginInstance* PluginInstance::of(NPP npp) {
-    return npp ? static_cast<PluginInstance*>(npp->pdata) : nullptr;
+    // Engines free the handle with the instance, inside functions of the page too: it is compared, never looked into.
+    return findLive([npp](const PluginInstance* instance) { return instance->m_npp == npp; });
 }
 
 PluginInstance* PluginInstance::withNumber(int number) {
-    const std::vector<PluginInstance*>& live = liveInstances();
-    const auto found = std::find_if(live.begin(), live.end(),
-                                    [number](const PluginInstance* instance) { return instance->m_number == number; });
-    return found == live.end() ? nullptr : *found;
+    return findLive([number](const PluginInstance* instance) { return instance->m_number == number; });
 }
 
 bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* argn[], char* argv[],
                            NPSavedData* saved) {
+    browserFunctions().getvalue(m_npp, NPNVPluginElementNPObject, &m_element);
+    m_pageCaller = makePageCaller(m_npp);
+    m_collectionCopier = makeCollectionCopier(m_npp);
     if (!m_plugin->initialize(type, m_npp, mode, argc, argn, argv, saved)) {
         return false;
     }
@@ -106,21 +116,18 @@ NPObject* PluginInstance::scriptObject() {
 }
 
 NPObject* PluginInstance::pageObject(NPNVariable variable) {
-    const NPNetscapeFuncs& browser = browserFunctions();
-    if (!m_element) {
-        browser.getvalue(m_npp, NPNVPluginElementNPObject, &m_element);
-    }
     if (variable == NPNVPluginElementNPObject) {
         return NPN_RetainObject(m_element);
     }
-    NPVariant name;
-    VOID_TO_NPVARIANT(name);
-    // Every element has a name; the object of one whose frame has gone answers nothing.
-    const bool hasFrame = m_element && NPN_GetProperty(m_npp, m_element, NPN_GetStringIdentifier("nodeName"), &name);
-    NPN_ReleaseVariantValue(&name);
+    NPVariant length;
+    VOID_TO_NPVARIANT(length);
+    // Script objects whose frame has gone answer nothing. Not the element, which would be laid out for the answer.
+    const bool hasFrame =
+        !m_pageCaller || NPN_GetProperty(m_npp, m_pageCaller, NPN_GetStringIdentifier("length"), &length);
+    NPN_ReleaseVariantValue(&length);
     NPObject* window = nullptr;
     if (hasFrame) {
-        browser.getvalue(m_npp, NPNVWindowNPObject, &window);
+        browserFunctions().getvalue(m_npp, NPNVWindowNPObject, &window);
     }
     return window;
 }

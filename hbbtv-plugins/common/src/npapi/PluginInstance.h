@@ -1,4 +1,4 @@
-/** One instance between engine and plug-in: what an NPP's `pdata` points to. Plug-in thread only. */
+/** One instance between engine and plug-in. Plug-in thread only. */
 #ifndef PLUGININSTANCE_H
 #define PLUGININSTANCE_H
 
@@ -20,7 +20,7 @@ public:
     PluginInstance(const PluginInstance&) = delete;
     PluginInstance& operator=(const PluginInstance&) = delete;
 
-    /** @return the instance of a handle; null when it has gone */
+    /** @return the instance of a handle; null when it has gone, and the handle perhaps with it */
     static PluginInstance* of(NPP npp);
 
     /** @return the instance of a number; null when it goes or has gone */
@@ -57,12 +57,15 @@ public:
     int number() const { return m_number; }
 
     /**
-     * The engine's objects of the instance, as NPN_GetValue gives them. The element is asked for once and kept: engines
-     * cannot make its object any more, nor a window, when a frame has gone in which the instance still lives.
+     * The engine's objects of the instance, as NPN_GetValue gives them.
      * @param variable NPNVWindowNPObject or NPNVPluginElementNPObject
-     * @return with a reference for the caller; null when the frame has gone
+     * @return with a reference for the caller; null without one, and no window when the frame has gone
      */
     NPObject* pageObject(NPNVariable variable);
+
+    /** The framework's script functions in the page, null without scripts: makePageCaller(), makeCollectionCopier(). */
+    NPObject* pageCaller() const { return m_pageCaller; }
+    NPObject* collectionCopier() const { return m_collectionCopier; }
 
     /** Which of the element's places for functions of the page are taken. */
     std::vector<bool>& functionPlaces() { return m_functionPlaces; }
@@ -78,7 +81,10 @@ private:
     PluginBaseClass* m_plugin;
     int m_number;
     PluginScriptObject* m_scriptObject;
+    // Asked for at the start and kept: an instance may outlive its frame, in which engines cannot make them any more.
     NPObject* m_element;
+    NPObject* m_pageCaller;
+    NPObject* m_collectionCopier;
     std::vector<bool> m_functionPlaces;
     NPWindow m_window;   ///< what the engine gave last
     NPWindow m_reported; ///< what the plug-in was given last

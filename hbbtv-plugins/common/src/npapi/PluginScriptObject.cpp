@@ -65,15 +65,15 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
         return false;
     }
     // A DOM event raised on the plug-in's own script object reaches nobody; on the element it does.
-    NPObject* element = nullptr;
-    if (NPN_GetValue(instance->npp(), NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
+    NPObject* element = instance->pageObject(NPNVPluginElementNPObject);
+    if (!element) {
         element = NPN_RetainObject(object);
     }
     recordListener(*instance, name, args, argCount);
     const bool known = invokePlugin(*instance, element, name, args, argCount, result);
     NPN_ReleaseObject(element);
     if (known && instanceOf(object)) {
-        presentAsArray(instanceOf(object)->npp(), result);
+        presentAsArray(*instanceOf(object), result);
     }
     return known;
 }

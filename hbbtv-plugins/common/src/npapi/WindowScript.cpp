@@ -13,52 +13,55 @@ NPObject* windowOf(NPP npp) {
     return NPN_GetValue(npp, NPNVWindowNPObject, &window) == NPERR_NO_ERROR ? window : nullptr;
 }
 
-bool isFunction(NPVariant* made) {
-    if (NPVARIANT_IS_OBJECT(*made)) {
-        return true;
+/// @return the object that the variant holds, with its reference; any other value is released
+NPObject* takeObject(NPVariant* value) {
+    if (NPVARIANT_IS_OBJECT(*value)) {
+        return NPVARIANT_TO_OBJECT(*value);
     }
-    NPN_ReleaseVariantValue(made);
-    VOID_TO_NPVARIANT(*made);
-    return false;
+    NPN_ReleaseVariantValue(value);
+    return nullptr;
 }
 
-bool construct(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+NPObject* construct(NPP npp, const char* parameters, const char* body) {
     NPObject* window = windowOf(npp);
-    NPVariant constructor;
-    VOID_TO_NPVARIANT(constructor);
+    NPVariant value;
+    VOID_TO_NPVARIANT(value);
     if (window) {
-        NPN_GetProperty(npp, window, NPN_GetStringIdentifier("Function"), &constructor);
+        NPN_GetProperty(npp, window, NPN_GetStringIdentifier("Function"), &value);
     }
-    // Before anything runs: engines free a frame's window with the frame, whatever references are left.
     NPN_ReleaseObject(window);
-    if (!isFunction(&constructor)) {
-        return false;
+    NPObject* constructor = takeObject(&value);
+    if (!constructor) {
+        return nullptr;
     }
     NPVariant texts[2];
     STRINGN_TO_NPVARIANT(parameters, static_cast<uint32_t>(strlen(parameters)), texts[0]);
     STRINGN_TO_NPVARIANT(body, static_cast<uint32_t>(strlen(body)), texts[1]);
-    browserFunctions().invokeDefault(npp, NPVARIANT_TO_OBJECT(constructor), texts, 2, function);
-    NPN_ReleaseVariantValue(&constructor);
-    return isFunction(function);
+    VOID_TO_NPVARIANT(value);
+    browserFunctions().invokeDefault(npp, constructor, texts, 2, &value);
+    NPN_ReleaseObject(constructor);
+    return takeObject(&value);
 }
 
-bool evaluate(NPP npp, const char* parameters, const char* body, NPVariant* function) {
+NPObject* evaluate(NPP npp, const char* parameters, const char* body) {
     NPObject* window = windowOf(npp);
     if (!window) {
-        return false;
+        return nullptr;
     }
     const std::string source = std::string("(function(") + parameters + ") {" + body + "})";
     NPString script = {source.c_str(), static_cast<uint32_t>(source.size())};
-    NPN_Evaluate(npp, window, &script, function);
+    NPVariant value;
+    VOID_TO_NPVARIANT(value);
+    NPN_Evaluate(npp, window, &script, &value);
     NPN_ReleaseObject(window);
-    return isFunction(function);
+    return takeObject(&value);
 }
 
 } // namespace
 
-bool makeWindowFunction(NPP npp, const char* parameters, const char* body, NPVariant* function) {
-    VOID_TO_NPVARIANT(*function);
+NPObject* makeWindowFunction(NPP npp, const char* parameters, const char* body) {
     // NPN_Evaluate makes QtWebKit keep the instance for a turn, in which its frame must not go: only for pages whose
     // content security policy forbids the constructor.
-    return construct(npp, parameters, body, function) || evaluate(npp, parameters, body, function);
+    NPObject* function = construct(npp, parameters, body);
+    return function ? function : evaluate(npp, parameters, body);
 }

@@ -8,9 +8,8 @@
  * Makes a function in the page's window.
  * @param parameters names of its parameters, separated by commas
  * @param body       its statements
- * @param function   receives it, to be released by the caller; undefined unless made
- * @return whether it was made
+ * @return the function, with a reference for the caller; null when the page has no window or forbids scripts
  */
-bool makeWindowFunction(NPP npp, const char* parameters, const char* body, NPVariant* function);
+NPObject* makeWindowFunction(NPP npp, const char* parameters, const char* body);
 
 #endif
