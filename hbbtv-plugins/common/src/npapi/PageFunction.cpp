@@ -48,7 +48,10 @@ void deallocate(NPObject* object) {
         NPVariant nothing;
         VOID_TO_NPVARIANT(nothing);
         writePlace(instance->npp(), function->place, nothing);
-        instance->functionPlaces()[static_cast<size_t>(function->place)] = false;
+        instance = PluginInstance::withNumber(function->instance);
+        if (instance) {
+            instance->functionPlaces()[static_cast<size_t>(function->place)] = false;
+        }
     }
     NPN_MemFree(object);
 }

@@ -101,9 +101,10 @@ bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
     if (!NPVARIANT_IS_OBJECT(value)) {
         return m_plugin->setProperty(name, &value);
     }
+    const int number = m_number;
     NPVariant kept;
     OBJECT_TO_NPVARIANT(keepPageFunction(*this, describeIdentifier(name).c_str(), NPVARIANT_TO_OBJECT(value)), kept);
-    const bool taken = m_plugin->setProperty(name, &kept);
+    const bool taken = withNumber(number) && m_plugin->setProperty(name, &kept);
     NPN_ReleaseVariantValue(&kept);
     return taken;
 }

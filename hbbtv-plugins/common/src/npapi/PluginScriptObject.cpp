@@ -10,7 +10,8 @@
 #include <algorithm>
 #include <string.h>
 
-// Script that a plug-in operation calls may delete the instance: nothing below touches it after such an operation.
+// Script that a plug-in operation calls may delete the instance, and so may the layout that engines do for an access to
+// the element: nothing below touches it after either without asking again.
 
 namespace {
 
@@ -70,7 +71,8 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
         element = NPN_RetainObject(object);
     }
     recordListener(*instance, name, args, argCount);
-    const bool known = invokePlugin(*instance, element, name, args, argCount, result);
+    instance = instanceOf(object);
+    const bool known = instance && invokePlugin(*instance, element, name, args, argCount, result);
     NPN_ReleaseObject(element);
     if (known && instanceOf(object)) {
         presentAsArray(*instanceOf(object), result);
@@ -105,8 +107,8 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
             NULL_TO_NPVARIANT(*result);
         }
     }
-    if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_READ, instance->number(), pluginTraceNow(), 0, describeIdentifier(name),
+    if (pluginTraceIsOn() && instanceOf(object)) {
+        pluginTraceEntry(HBBTV_TRACE_READ, instanceOf(object)->number(), pluginTraceNow(), 0, describeIdentifier(name),
                          found ? describeVariant(*result) : "no value");
     }
     return found;
@@ -118,7 +120,8 @@ bool setProperty(NPObject* object, NPIdentifier name, const NPVariant* value) {
         return false;
     }
     recordProperty(*instance, describeIdentifier(name), *value);
-    return instance->write(name, *value);
+    instance = instanceOf(object);
+    return instance && instance->write(name, *value);
 }
 
 NPClass scriptClass = {NP_CLASS_STRUCT_VERSION,
