@@ -20,6 +20,9 @@ public:
     /** Releases the key, if one is held. */
     void release();
 
+    /** @return the key that is held; null: none */
+    const RemoteKey* held() const { return m_key; }
+
 signals:
     void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
 

@@ -4,25 +4,29 @@
 #ifndef KEYBOARDREMOTE_H
 #define KEYBOARDREMOTE_H
 
-#include <QObject>
-#include <QSet>
+#include "KeyHold.h"
 
 class QKeyEvent;
-struct RemoteKey;
 
 class KeyboardRemote : public QObject {
     Q_OBJECT
 public:
+    KeyboardRemote();
+
+    /** A held key repeats as on a remote control, not as the display repeats it. */
     void press(const QKeyEvent& event);
 
     /** A key whose press went elsewhere, to a menu or a shortcut of the window, is not released here. */
     void release(const QKeyEvent& event);
 
+    /** Releases what is held: the keyboard is another window's or widget's now, and so will the release be. */
+    void leave();
+
 signals:
     void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
 
 private:
-    QSet<const RemoteKey*> m_pressed;
+    KeyHold m_hold;
 };
 
 #endif

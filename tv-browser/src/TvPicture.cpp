@@ -35,6 +35,11 @@ void TvPicture::updatePart(const QRegion& region) {
     update(part);
 }
 
+void TvPicture::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    emit keyboardLost();
+}
+
 void TvPicture::paintEvent(QPaintEvent* event) {
     const QRectF area = pictureArea();
     QPainter painter(this);

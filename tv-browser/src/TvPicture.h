@@ -16,7 +16,12 @@ public:
 
     QSize sizeHint() const override;
 
+signals:
+    /** The keyboard is another window's, widget's or menu's now. */
+    void keyboardLost();
+
 protected:
+    void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -15,6 +15,7 @@ TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(s
     resize(m_picture->sizeHint().boundedTo(QWidget::screen()->availableSize()));
     m_picture->setFocus();
     connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
+    connect(m_picture, &TvPicture::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
 }
 
 void TvWindow::addPanel(QWidget* panel, Side side) {

@@ -51,13 +51,18 @@ TEST_F(RemotePanelTest, AClickIsAPressAndARelease) {
     }
 }
 
-TEST_F(RemotePanelTest, AHeldButtonRepeatsUntilItIsReleased) {
-    mouse(QEvent::MouseButtonPress, "DOWN");
+/** Lets time pass until there are so many events, or for 20 seconds. */
+void waitFor(const std::vector<Event>& events, size_t count) {
     QElapsedTimer patience;
     patience.start();
-    while (m_events.size() < 4 && patience.elapsed() < 20'000) {
+    while (events.size() < count && patience.elapsed() < 20'000) {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
     }
+}
+
+TEST_F(RemotePanelTest, AHeldButtonRepeatsUntilItIsReleased) {
+    mouse(QEvent::MouseButtonPress, "DOWN");
+    waitFor(m_events, 4);
     mouse(QEvent::MouseButtonRelease, "DOWN");
     ASSERT_GE(m_events.size(), 5U);
     EXPECT_EQ(m_events.front(), (Event{"DOWN", true, false}));
@@ -81,12 +86,32 @@ TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
     release(Qt::Key_Return); // it has chosen something in a menu
     press(Qt::Key_Left, Qt::AltModifier);
     release(Qt::Key_Left);
+    EXPECT_TRUE(events.empty());
+
     press(Qt::Key_Left, Qt::NoModifier);
-    release(Qt::Key_Left, true);
-    press(Qt::Key_Left, Qt::NoModifier, true);
-    release(Qt::Key_Left);
-    release(Qt::Key_Left);
-    EXPECT_EQ((std::vector<Event>{{"LEFT", true, false}, {"LEFT", true, true}, {"LEFT", false, false}}), events);
+    for (int i = 0; i < 10; ++i) { // as the display repeats it
+        release(Qt::Key_Left, true);
+        press(Qt::Key_Left, Qt::NoModifier, true);
+    }
+    EXPECT_EQ((std::vector<Event>{{"LEFT", true, false}}), events);
+    waitFor(events, 3);
+    ASSERT_GE(events.size(), 3U) << "it repeats as on a remote control";
+    EXPECT_EQ((Event{"LEFT", true, true}), events[2]);
+
+    events.clear();
+    press(Qt::Key_Right, Qt::NoModifier);
+    release(Qt::Key_Left); // which was pressed before
+    release(Qt::Key_Right);
+    release(Qt::Key_Right);
+    press(Qt::Key_R, Qt::NoModifier);
+    keyboard.leave(); // the release will be another window's
+    release(Qt::Key_R);
+    EXPECT_EQ((std::vector<Event>{{"LEFT", false, false},
+                                  {"RIGHT", true, false},
+                                  {"RIGHT", false, false},
+                                  {"RED", true, false},
+                                  {"RED", false, false}}),
+              events);
 }
 
 } // namespace
