@@ -27,6 +27,7 @@ signals:
 
 private:
     KeyHold m_hold;
+    QTimer m_release; ///< while the display may yet repeat the key that it has released
 };
 
 #endif

@@ -89,9 +89,9 @@ TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
     EXPECT_TRUE(events.empty());
 
     press(Qt::Key_Left, Qt::NoModifier);
-    for (int i = 0; i < 10; ++i) { // as the display repeats it
-        release(Qt::Key_Left, true);
-        press(Qt::Key_Left, Qt::NoModifier, true);
+    for (const bool isKnown : {true, false}) { // as the display repeats it; Qt does not always recognise that
+        release(Qt::Key_Left, isKnown);
+        press(Qt::Key_Left, Qt::NoModifier, isKnown);
     }
     EXPECT_EQ((std::vector<Event>{{"LEFT", true, false}}), events);
     waitFor(events, 3);
@@ -102,6 +102,7 @@ TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
     press(Qt::Key_Right, Qt::NoModifier);
     release(Qt::Key_Left); // which was pressed before
     release(Qt::Key_Right);
+    waitFor(events, 3);
     release(Qt::Key_Right);
     press(Qt::Key_R, Qt::NoModifier);
     keyboard.leave(); // the release will be another window's
