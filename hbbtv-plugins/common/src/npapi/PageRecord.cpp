@@ -122,7 +122,14 @@ bool isNothing(const NPVariant& value) {
     return NPVARIANT_IS_VOID(value) || NPVARIANT_IS_NULL(value);
 }
 
-void applyProperty(PluginInstance& instance, const Element& element, const char* name) {
+/// Engines lay the page out for an access to the element, which may end the instance.
+void write(int instance, const char* name, const NPVariant& value) {
+    if (PluginInstance* live = PluginInstance::withNumber(instance)) {
+        live->write(NPN_GetStringIdentifier(name), value);
+    }
+}
+
+void applyProperty(int instance, const Element& element, const char* name) {
     NPVariant value = element.read(name);
     if (!NPVARIANT_IS_VOID(value) && (!NPVARIANT_IS_NULL(value) || element.owns(name))) {
         // Set while there was no instance; from now on the record has it. What the engine itself would call, such as
@@ -134,17 +141,17 @@ void applyProperty(PluginInstance& instance, const Element& element, const char*
         value = element.read(keptProperty(name));
     }
     if (!isNothing(value)) {
-        instance.write(NPN_GetStringIdentifier(name), value);
+        write(instance, name, value);
     }
     NPN_ReleaseVariantValue(&value);
 }
 
-void applyData(PluginInstance& instance, const Element& element) {
+void applyData(int instance, const Element& element) {
     NPVariant data = element.read(keptProperty(DATA));
     NPVariant attribute = element.read(keptAttribute());
     if (NPVARIANT_IS_STRING(data) && NPVARIANT_IS_STRING(attribute)) {
         if (element.attribute(DATA) == textOf(attribute)) {
-            instance.write(NPN_GetStringIdentifier(DATA), data);
+            write(instance, DATA, data);
         } else {
             element.clear(keptProperty(DATA));
         }
@@ -153,13 +160,14 @@ void applyData(PluginInstance& instance, const Element& element) {
     NPN_ReleaseVariantValue(&attribute);
 }
 
-void applyListener(PluginInstance& instance, const Element& element, const std::string& type) {
+void applyListener(int instance, const Element& element, const std::string& type) {
     NPVariant listener = element.read(keptListener(type));
-    if (NPVARIANT_IS_OBJECT(listener)) {
+    PluginInstance* const live = PluginInstance::withNumber(instance);
+    if (live && NPVARIANT_IS_OBJECT(listener)) {
         const NPVariant args[2] = {textVariant(type), listener};
         NPVariant result;
         VOID_TO_NPVARIANT(result);
-        invokePlugin(instance, element.object(), NPN_GetStringIdentifier("addEventListener"), args, 2, &result);
+        invokePlugin(*live, element.object(), NPN_GetStringIdentifier("addEventListener"), args, 2, &result);
         NPN_ReleaseVariantValue(&result);
     }
     NPN_ReleaseVariantValue(&listener);
@@ -199,12 +207,14 @@ void recordListener(PluginInstance& instance, NPIdentifier method, const NPVaria
 }
 
 void applyRecord(PluginInstance& instance) {
+    const int number = instance.number();
+    const HbbTVModule& module = instance.module();
     const Element element(instance.npp());
-    applyData(instance, element);
-    for (const char* const* name = instance.module().adoptedProperties; *name; ++name) {
-        applyProperty(instance, element, *name);
+    applyData(number, element);
+    for (const char* const* name = module.adoptedProperties; *name; ++name) {
+        applyProperty(number, element, *name);
     }
-    for (const HbbTVListenerProperty* entry = instance.module().listenerProperties; entry->listener; ++entry) {
-        applyListener(instance, element, entry->listener);
+    for (const HbbTVListenerProperty* entry = module.listenerProperties; entry->listener; ++entry) {
+        applyListener(number, element, entry->listener);
     }
 }

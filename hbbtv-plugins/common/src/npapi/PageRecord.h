@@ -21,7 +21,7 @@ void recordListener(PluginInstance& instance, NPIdentifier method, const NPVaria
 
 /**
  * Hands what was noted, and what a page has set on the element while there was no instance, to a new instance.
- * Script may run; the instance stays.
+ * Script may run, and the instance may be gone afterwards.
  */
 void applyRecord(PluginInstance& instance);
 

@@ -35,7 +35,7 @@ template <class Predicate> PluginInstance* findLive(Predicate wanted) {
 PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type)
     : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr),
       m_element(nullptr), m_pageCaller(nullptr), m_collectionCopier(nullptr), m_window(), m_reported(),
-      m_hasWindow(false), m_placeScheduled(false), m_tracedState(0) {
+      m_hasWindow(false), m_recordPending(false), m_recordIsRead(false), m_placeScheduled(false), m_tracedState(0) {
     liveInstances().push_back(this);
     openAsyncCalls(npp);
     if (pluginTraceIsOn()) {
@@ -88,7 +88,8 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
         }
         m_plugin->setParam(argn[i], argv[i]);
     }
-    applyRecord(*this);
+    m_recordPending = true;
+    NPN_PluginThreadAsyncCall(m_npp, settleRecordOf, m_npp);
     return true;
 }
 
@@ -110,6 +111,9 @@ bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
 }
 
 NPObject* PluginInstance::scriptObject() {
+    if (m_recordIsRead) {
+        return nullptr; // It would answer in the place of the element, whose own properties are asked for.
+    }
     if (!m_scriptObject) {
         m_scriptObject = createPluginScriptObject(*this);
     }
@@ -143,6 +147,25 @@ void PluginInstance::maybeMoved() {
     if (m_hasWindow && !m_placeScheduled) {
         m_placeScheduled = true;
         NPN_PluginThreadAsyncCall(m_npp, place, m_npp);
+    }
+}
+
+void PluginInstance::settleRecord() {
+    if (!m_recordPending) {
+        return;
+    }
+    m_recordPending = false;
+    m_recordIsRead = true;
+    const int number = m_number;
+    applyRecord(*this);
+    if (withNumber(number)) {
+        m_recordIsRead = false;
+    }
+}
+
+void PluginInstance::settleRecordOf(void* npp) {
+    if (PluginInstance* instance = of(static_cast<NPP>(npp))) {
+        instance->settleRecord();
     }
 }
 

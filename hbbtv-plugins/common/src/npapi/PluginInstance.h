@@ -27,7 +27,7 @@ public:
     static PluginInstance* withNumber(int number);
 
     /**
-     * Initialises the plug-in and hands over attributes, parameters and what the page has set on the element.
+     * Initialises the plug-in and hands over attributes and parameters; settleRecord() is to follow.
      * Parameters as NPP_New.
      * @return false when the plug-in cannot be used
      */
@@ -42,13 +42,20 @@ public:
     /** Adds the play state to the trace when it is another one; costs nothing while nobody observes. */
     void traceState();
 
+    /**
+     * Hands over what the page has set on the element, if that is yet to be done: when the engine asks for the script
+     * object, or in a turn of its own, but not while it makes the instance in the middle of its layout. Script may run,
+     * and the instance may be gone afterwards.
+     */
+    void settleRecord();
+
     /** Looks for the element's place now if that is due. Script may run, and the instance may be gone afterwards. */
     void settlePlace();
 
     /** Script writes a property. The instance may be gone afterwards. @return false when it is refused */
     bool write(NPIdentifier name, const NPVariant& value);
 
-    /** @return the script object with a reference for the caller; null without memory */
+    /** @return the script object with a reference for the caller; null without memory, or while the record is read */
     NPObject* scriptObject();
 
     const HbbTVModule& module() const { return m_module; }
@@ -72,6 +79,7 @@ public:
 
 private:
     static void place(void* npp);
+    static void settleRecordOf(void* npp);
     /// @return a property's whole number, 1 for true, 0 for anything else
     int numberOf(const char* property);
     bool isFullScreen();
@@ -89,6 +97,8 @@ private:
     NPWindow m_window;   ///< what the engine gave last
     NPWindow m_reported; ///< what the plug-in was given last
     bool m_hasWindow;
+    bool m_recordPending;
+    bool m_recordIsRead;
     bool m_placeScheduled;
     int m_tracedState;
 };

@@ -91,7 +91,10 @@ void urlNotify(NPP, const char*, NPReason, void*) {}
 
 NPError getValue(NPP npp, NPPVariable variable, void* value) {
     if (variable == NPPVpluginScriptableNPObject && value) {
-        PluginInstance* instance = PluginInstance::of(npp);
+        if (PluginInstance* instance = PluginInstance::of(npp)) {
+            instance->settleRecord();
+        }
+        PluginInstance* const instance = PluginInstance::of(npp);
         NPObject* object = instance ? instance->scriptObject() : nullptr;
         *static_cast<NPObject**>(value) = object;
         return object ? NPERR_NO_ERROR : NPERR_GENERIC_ERROR;
