@@ -15,14 +15,31 @@
     OTHER: 0x400
   };
 
+  var LARGEST_MASK = 0xffffffff;
+
+  // A mask that is no number changes nothing, and the terminal says so.
+  function setKeyset(mask, otherKeys) {
+    var number = Number(mask);
+    if (!(Math.abs(number) <= LARGEST_MASK)) {
+      console.warn('the key set ' + mask + ' is refused: give a sum of the constants of the keyset object');
+      return television.keyset;
+    }
+    var codes = otherKeys === undefined || otherKeys === null ? [] : otherKeys;
+    if (!Array.isArray(codes)) {
+      console.warn('the other keys ' + codes + ' of the key set are ignored: give an array of key codes');
+      codes = [];
+    }
+    return television.setKeyset(number | 0, codes.map(function(code) { return code | 0; }));
+  }
+
   var keyset = {
     get value() { return television.keyset; },
-    set value(mask) { television.setKeyset(mask, []); },
+    set value(mask) { setKeyset(mask); },
     get otherKeys() { return television.otherKeys; },
     get maximumValue() { return television.supportedKeyset; },
     get maximumOtherKeys() { return []; },
     supportsPointer: false,
-    setValue: function(mask, otherKeys) { return television.setKeyset(Number(mask) || 0, otherKeys || []); },
+    setValue: setKeyset,
     getKeyIcon: function() { return null; },
     getKeyLabel: function(code) { return television.keyLabel(code); }
   };

@@ -164,7 +164,9 @@ CommandLineResult parseCommandLine(const QStringList& arguments) {
         const auto steps = parseRemoteKeySteps(parser.value(keysOption), wrong);
         if (!steps) {
             return refusal(
-                QStringLiteral("--keys: \"%1\" is neither a key, KEY:SECONDS, nor wait:SECONDS; see --keys help")
+                QStringLiteral(
+                    "--keys: \"%1\" is neither a key, KEY:SECONDS, nor wait:SECONDS, with 0 to 1000000 seconds; see "
+                    "--keys help")
                     .arg(wrong));
         }
         line.keys = *steps;

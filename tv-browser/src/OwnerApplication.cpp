@@ -33,8 +33,8 @@ int OwnerApplication::supportedKeyset() const {
     return remoteKeysets();
 }
 
-int OwnerApplication::setKeyset(double mask, const QVariantList& otherKeys) {
-    m_keyset = static_cast<int>(mask) & supportedKeyset();
+int OwnerApplication::setKeyset(int mask, const QVariantList& otherKeys) {
+    m_keyset = mask & supportedKeyset();
     m_otherKeys.clear();
     for (const QVariant& code : otherKeys) {
         m_otherKeys.append(code.toInt());

@@ -34,7 +34,7 @@ public:
     bool isVisible() const { return m_isVisible; }
 
     /** Sets which keys reach the application (OIPF DAE 7.2.5). @return those of `mask` that the remote control has */
-    Q_INVOKABLE int setKeyset(double mask, const QVariantList& otherKeys);
+    Q_INVOKABLE int setKeyset(int mask, const QVariantList& otherKeys);
 
     /** @return the key's name for the user; empty for a code that the remote control does not have */
     Q_INVOKABLE QString keyLabel(int code) const;

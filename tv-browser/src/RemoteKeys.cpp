@@ -146,6 +146,7 @@ QString remoteKeyConstantsScript() {
 
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong) {
     constexpr double tap = 0.05;
+    constexpr double longest = 1e6;
     QList<RemoteKeyStep> steps;
     for (const QString& part : text.split(QLatin1Char(','))) {
         const QString name = part.section(QLatin1Char(':'), 0, 0).trimmed();
@@ -155,7 +156,8 @@ std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QSt
         const RemoteKey* key = remoteKeyNamed(name);
         const DeskKey* deskKey = key ? nullptr : deskKeyNamed(name);
         const bool isPause = name.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
-        if ((!key && !deskKey && !isPause) || (isTime ? seconds < 0 : isPause || part.contains(QLatin1Char(':')))) {
+        if ((!key && !deskKey && !isPause) ||
+            (isTime ? !(seconds >= 0 && seconds <= longest) : isPause || part.contains(QLatin1Char(':')))) {
             wrong = part.trimmed();
             return std::nullopt;
         }

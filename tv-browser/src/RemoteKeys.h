@@ -55,7 +55,8 @@ struct RemoteKeyStep {
 
 /**
  * Reads a key sequence such as "RIGHT,ENTER,wait:2,BACK:1.5,F9".
- * @param wrong receives the first part that is neither a key's name, `KEY:SECONDS`, nor `wait:SECONDS`
+ * @param wrong receives the first part that is neither a key's name, `KEY:SECONDS`, nor `wait:SECONDS`, with 0 to
+ * 1000000 seconds
  */
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong);
 
