@@ -159,12 +159,20 @@ bool Television::serve(QUrl& url) {
         faults.push_back(*parseFaultRule(rule, wrong)); // The command line has looked at it.
     }
     m_server.setFaults(std::move(faults));
-    const int port = m_server.start(m_profile.localPort());
+    const int wantedPort = m_profile.localPort();
+    const int port = m_server.start(wantedPort);
     if (port == 0) {
         complain(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
         return false;
     }
-    m_profile.setLocalPort(port);
+    if (wantedPort == 0) {
+        m_profile.setLocalPort(port);
+    } else if (port != wantedPort) {
+        complain(
+            QStringLiteral("the profile's port %1 is in use, perhaps by another tv-browser with that profile: local "
+                           "pages do not find their localStorage this time")
+                .arg(wantedPort));
+    }
     m_serverAddress = QStringLiteral("http://127.0.0.1:%1").arg(port);
     if (!isAddress) {
         url = QUrl(m_serverAddress);
