@@ -5,6 +5,7 @@
 #include "FaultPanel.h"
 #include "InjectedReport.h"
 #include "KeyboardHelp.h"
+#include "PictureNotice.h"
 #include "RemotePanel.h"
 #include "Timeline.h"
 #include "TimelinePanel.h"
@@ -30,8 +31,11 @@ const char* const menuStyle = "QMenu { background: #1d2026; color: #e4e7ec; bord
 
 } // namespace
 
-Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t startUs) : m_parts(parts) {
+Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t startUs)
+    : m_parts(parts), m_notice(new PictureNotice(&parts.window.picture())),
+      m_address(new AddressLine(&parts.window.picture())) {
     TvWindow& window = m_parts.window;
+    addNotices();
     auto* help = new KeyboardHelp(&window.picture());
     add(DeskAction::HELP, [help] { help->toggle(); });
 
@@ -44,11 +48,10 @@ Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t start
     connect(&m_parts.timeline, &Timeline::grown, timeline, &TimelinePanel::append);
     addPanel(DeskAction::TIMELINE, timeline, false);
 
-    auto* address = new AddressLine(&window.picture());
-    connect(address, &AddressLine::entered, this, &Desk::addressEntered);
-    add(DeskAction::ADDRESS, [this, address] { address->toggle(m_parts.page.mainFrame()->url().toString()); });
+    connect(m_address, &AddressLine::entered, this, &Desk::addressEntered);
+    add(DeskAction::ADDRESS, [this] { m_address->toggle(m_parts.page.mainFrame()->url().toString()); });
 
-    add(DeskAction::RELOAD, [this] { m_parts.page.triggerAction(QWebPage::Reload); });
+    add(DeskAction::RELOAD, [this] { reload(); });
     add(DeskAction::BACK, [this] { m_parts.page.triggerAction(QWebPage::Back); });
     add(DeskAction::FORWARD, [this] { m_parts.page.triggerAction(QWebPage::Forward); });
     add(DeskAction::FIRST_START, [this] { emit firstStartWanted(); });
@@ -79,6 +82,28 @@ void Desk::open(const CommandLine& commandLine) {
 
 void Desk::trigger(DeskAction action) {
     m_actions.value(static_cast<int>(action))->trigger();
+}
+
+void Desk::refuseAddress(const QString& address, const QString& reason) {
+    m_address->toggle(address);
+    m_notice->tell(reason, QStringLiteral("Correct it, or press Escape."));
+}
+
+/** Says over the picture what would be seen in the timeline or on the terminal only. */
+void Desk::addNotices() {
+    connect(&m_parts.timeline, &Timeline::grown, m_notice, &PictureNotice::append);
+    connect(&m_parts.page, &TvPage::loaded, m_notice, [this] {
+        m_failedUrl.clear();
+        m_notice->clearPage();
+    });
+    connect(&m_parts.page, &TvPage::loadFailed, m_notice, [this](const QString& reason) {
+        m_failedUrl = m_parts.page.mainFrame()->requestedUrl();
+        m_notice->tell(reason, QStringLiteral("F7 tries again, Ctrl+L opens another page."));
+    });
+    connect(&m_parts.page, &TvPage::applicationEnded, m_notice, [this] {
+        m_notice->tell(QStringLiteral("The application has ended itself with destroyApplication()."),
+                       QStringLiteral("Alt+Left goes back to it, Ctrl+L opens another page."));
+    });
 }
 
 void Desk::add(DeskAction action, const std::function<void()>& act) {
@@ -123,6 +148,15 @@ void Desk::addMenu() {
     });
 }
 
+/** A page that did not come is asked for once more; the engine would load the one before. */
+void Desk::reload() {
+    if (m_failedUrl.isEmpty()) {
+        m_parts.page.triggerAction(QWebPage::Reload);
+    } else {
+        m_parts.page.open(m_failedUrl);
+    }
+}
+
 /** Into the working folder, under a name that is not there yet. */
 void Desk::takeScreenshot() const {
     const QString stem = QDateTime::currentDateTime().toString(QStringLiteral("'tv'-yyyyMMdd-HHmmss"));
@@ -133,9 +167,10 @@ void Desk::takeScreenshot() const {
     if (m_parts.screen.picture().save(name, "PNG")) {
         std::printf("%s\n", qPrintable(QFileInfo(name).absoluteFilePath()));
         std::fflush(stdout);
+        m_notice->tell(QStringLiteral("Screenshot: %1").arg(QFileInfo(name).absoluteFilePath()));
     } else {
-        std::fprintf(stderr, "tv-browser: the screenshot cannot be written to %s; start in a folder that can be\n",
-                     qPrintable(QFileInfo(name).absoluteFilePath()));
+        complain(QStringLiteral("the screenshot cannot be written to %1; start in a folder that can be")
+                     .arg(QFileInfo(name).absoluteFilePath()));
     }
 }
 
@@ -152,7 +187,11 @@ void Desk::toggleInspector() {
 
 void Desk::reportInjected(const QString& text, bool done) const {
     if (!done) {
-        std::fprintf(stderr, "tv-browser: no player to report \"%s\": the page has no A/V Control object\n",
-                     qUtf8Printable(text));
+        complain(QStringLiteral("no player to report \"%1\": the page has no A/V Control object").arg(text));
     }
+}
+
+void Desk::complain(const QString& what) const {
+    std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(what));
+    m_notice->tell(what);
 }

@@ -9,10 +9,13 @@
 #include <QAction>
 #include <QHash>
 #include <QObject>
+#include <QUrl>
 #include <QWebInspector>
 #include <memory>
 
+class AddressLine;
 class LoopbackServer;
+class PictureNotice;
 class Timeline;
 class TvPage;
 class TvScreen;
@@ -41,6 +44,9 @@ public:
     /** Does what a key of the desk does. */
     void trigger(DeskAction action);
 
+    /** Lets a person correct an address that cannot be opened. @param reason a sentence for the user */
+    void refuseAddress(const QString& address, const QString& reason);
+
 signals:
     /** A button of the remote control on the screen. */
     void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
@@ -53,13 +59,19 @@ private:
     void add(DeskAction action, const std::function<void()>& act);
     void addPanel(DeskAction action, QWidget* panel, bool atTheLeft);
     void addMenu();
+    void addNotices();
+    void reload();
     void takeScreenshot() const;
     void toggleInspector();
     void reportInjected(const QString& text, bool done) const;
+    void complain(const QString& what) const;
 
     DeskParts m_parts;
+    PictureNotice* m_notice;
+    AddressLine* m_address;
     QHash<int, QAction*> m_actions; ///< by DeskAction
     QAction* m_faults;
+    QUrl m_failedUrl; ///< of the page opened last, when it did not come
     std::unique_ptr<QWebInspector> m_inspector;
 };
 

@@ -3,6 +3,7 @@
 #include "FaultRule.h"
 #include "InjectedReport.h"
 #include "MonotonicTime.h"
+#include "PageTarget.h"
 #include "TraceLog.h"
 
 #include <QCoreApplication>
@@ -124,14 +125,10 @@ void Television::keepTimeline() {
 bool Television::serve(QUrl& url) {
     const QFileInfo target(m_commandLine.target);
     url = QUrl(m_commandLine.target);
-    const bool isAddress = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
-    if (!isAddress && !target.exists()) {
-        complain(QStringLiteral("%1 is neither an http or https address nor a file or folder that exists")
-                     .arg(m_commandLine.target));
-        return false;
-    }
-    if (!isAddress && target.isDir() && !QFileInfo::exists(target.filePath() + QStringLiteral("/index.html"))) {
-        complain(QStringLiteral("the folder %1 has no index.html; name a page in it").arg(m_commandLine.target));
+    const bool isAddress = isPageAddress(url);
+    const QString problem = pageTargetProblem(m_commandLine.target);
+    if (!problem.isEmpty()) {
+        complain(problem);
         return false;
     }
     for (const auto& [name, folder] : m_commandLine.mounts) {
@@ -212,11 +209,18 @@ void Television::pageLoaded() {
 
 /** Another page, as a person enters it. */
 void Television::openAddress(const QString& address) {
-    if (QFileInfo::exists(address)) {
+    const QUrl url = QUrl::fromUserInput(address);
+    if (isPageAddress(url) && !QFileInfo::exists(address)) {
+        m_page.open(url);
+        return;
+    }
+    const QString problem = pageTargetProblem(address);
+    if (problem.isEmpty()) {
         restart(address, false); // Its folder has to be served.
         return;
     }
-    m_page.open(QUrl::fromUserInput(address));
+    complain(problem);
+    m_desk->refuseAddress(address, problem);
 }
 
 void Television::restart(const QString& target, bool isFirstStart) {
@@ -231,7 +235,7 @@ void Television::pageFailed(const QString& reason) {
                         {{QStringLiteral("url"), m_page.mainFrame()->requestedUrl().toString()},
                          {QStringLiteral("problem"), reason}});
     }
-    if (!m_wasLoaded) {
+    if (!m_wasLoaded && !m_window) {
         QCoreApplication::exit(1);
     }
 }

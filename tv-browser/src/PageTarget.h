@@ -1,0 +1,15 @@
+/**
+ * What a person names to be opened: an address, a file, or a folder with an index.html.
+ */
+#ifndef PAGETARGET_H
+#define PAGETARGET_H
+
+#include <QUrl>
+
+/** @return whether a television opens addresses of that kind: http and https */
+bool isPageAddress(const QUrl& url);
+
+/** @return why the target cannot be opened, a sentence for the user; empty when it can be tried */
+QString pageTargetProblem(const QString& target);
+
+#endif
