@@ -25,7 +25,7 @@ PictureNotice::PictureNotice(QWidget* picture) : QLabel(picture) {
 }
 
 void PictureNotice::tell(const QString& what, const QString& advice) {
-    show(0, what, advice);
+    show(0, advice.isEmpty() ? QStringList(what) : QStringList{what, advice});
 }
 
 void PictureNotice::clearPage() {
@@ -36,12 +36,17 @@ void PictureNotice::clearPage() {
 
 void PictureNotice::append(const TimelineEntries& entries) {
     for (const TimelineEntry& entry : entries) {
-        if (entry.kind == Kind::ERROR || entry.kind == Kind::STALL) {
-            show(entry.object,
-                 QStringLiteral("Object %1%2 %3")
-                     .arg(entry.object)
-                     .arg(QLatin1String(entry.kind == Kind::ERROR ? ", error" : ":"), entry.text),
-                 QStringLiteral("F9 shows the requests and the player's reports that led to it."));
+        const QString advice = QStringLiteral("F9 shows the requests and the player's reports that led to it.");
+        if (entry.kind == Kind::ERROR) {
+            const QString cause = entry.fields.value(QLatin1String("cause")).toString();
+            show(entry.object, {QStringLiteral("Object %1, error %2: %3%4")
+                                    .arg(entry.object)
+                                    .arg(entry.fields.value(QLatin1String("code")).toInt())
+                                    .arg(entry.fields.value(QLatin1String("name")).toString(),
+                                         cause.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(cause)),
+                                entry.fields.value(QLatin1String("url")).toString(), advice});
+        } else if (entry.kind == Kind::STALL) {
+            show(entry.object, {QStringLiteral("Object %1: %2").arg(entry.object).arg(entry.text), advice});
         } else if (entry.object > 0 && entry.object == m_object) {
             const bool plays =
                 entry.kind == Kind::STATE && entry.fields.value(QLatin1String("state")).toInt() == playing;
@@ -52,22 +57,23 @@ void PictureNotice::append(const TimelineEntries& entries) {
     }
 }
 
-void PictureNotice::show(int object, const QString& what, const QString& advice) {
+void PictureNotice::show(int object, const QStringList& lines) {
     m_object = object;
-    m_what = what;
-    m_advice = advice;
+    m_lines = lines;
     m_end.start();
     place();
     raise();
     setVisible(true);
 }
 
-/** The cause at the beginning and the file's name at the end are what counts of a long one. */
+/** Of an address that is too long, server and file name are what counts. */
 void PictureNotice::place() {
     const int room = parentWidget()->width() - 2 * (distance + padding);
-    const QString what = fontMetrics().elidedText(m_what, Qt::ElideMiddle, room);
-    const QString advice = fontMetrics().elidedText(m_advice, Qt::ElideRight, room);
-    setText(advice.isEmpty() ? what : what + QLatin1Char('\n') + advice);
+    QStringList lines;
+    for (const QString& line : m_lines) {
+        lines.append(fontMetrics().elidedText(line, Qt::ElideMiddle, room));
+    }
+    setText(lines.join(QLatin1Char('\n')));
     adjustSize();
     move(distance, parentWidget()->height() - height() - distance);
 }

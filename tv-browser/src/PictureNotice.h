@@ -1,5 +1,5 @@
 /**
- * What a person in front of the picture has to know now, in a line over its foot: what happened, and what to do.
+ * What a person in front of the picture has to know now, in a few lines over its foot: what happened, and what to do.
  */
 #ifndef PICTURENOTICE_H
 #define PICTURENOTICE_H
@@ -29,12 +29,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    void show(int object, const QString& what, const QString& advice);
+    void show(int object, const QStringList& lines);
     void place();
 
     QTimer m_end;
-    QString m_what;
-    QString m_advice;
+    QStringList m_lines;
     int m_object = 0; ///< that the notice is about; 0: page or window
 };
 
