@@ -36,7 +36,7 @@ Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t start
       m_address(new AddressLine(&parts.window.picture())) {
     TvWindow& window = m_parts.window;
     addNotices();
-    auto* help = new KeyboardHelp(&window.picture());
+    auto* help = new KeyboardHelp(&window);
     add(DeskAction::HELP, [help] { help->toggle(); });
 
     auto* remote = new RemotePanel(commandLine.spatialNavigation);

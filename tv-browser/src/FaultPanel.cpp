@@ -17,10 +17,11 @@ const char* const panelStyle =
     "FaultPanel { background: #1d2026; }"
     "QLabel { color: #c8ccd2; }"
     "QLabel#problem { color: #ff8a80; }"
-    "QLineEdit, QComboBox, QListWidget, QAbstractItemView { background: #14161b; color: white; border: 0; padding: "
-    "4px; }"
+    "QLineEdit, QComboBox, QListWidget, QAbstractItemView { background: #14161b; color: white; padding: 4px;"
+    "border: 1px solid #14161b; }"
     "QPushButton { background: #3a3f47; color: white; border: 0; border-radius: 6px; padding: 6px; }"
-    "QPushButton:focus { background: #3f5f8f; }";
+    "QPushButton:focus { background: #3f5f8f; }"
+    "QLineEdit:focus, QComboBox:focus, QListWidget:focus { border-color: #ffffff; }";
 
 const char* const examples[] = {"delay:3000",
                                 "throttle:50000",

@@ -23,8 +23,7 @@ Window                  Keyboard              Window            Keyboard
 )";
 }
 
-KeyboardHelp::KeyboardHelp(QWidget* picture) : QLabel(QString::fromLatin1(keyboardHelpText()).trimmed(), picture) {
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+KeyboardHelp::KeyboardHelp(QWidget* window) : QLabel(QString::fromLatin1(keyboardHelpText()).trimmed(), window) {
     setTextFormat(Qt::PlainText);
     setMargin(16);
     setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white;"));
@@ -32,6 +31,13 @@ KeyboardHelp::KeyboardHelp(QWidget* picture) : QLabel(QString::fromLatin1(keyboa
 }
 
 void KeyboardHelp::toggle() {
+    constexpr qreal leastPoints = 4;
+    QFont letters = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    setFont(letters);
+    while (sizeHint().boundedTo(parentWidget()->size()) != sizeHint() && letters.pointSizeF() > leastPoints) {
+        letters.setPointSizeF(letters.pointSizeF() - 0.5);
+        setFont(letters);
+    }
     adjustSize();
     move((parentWidget()->width() - width()) / 2, (parentWidget()->height() - height()) / 2);
     raise();

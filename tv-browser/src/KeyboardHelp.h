@@ -9,14 +9,14 @@
 /** @return a table in lines of at most 80 characters, made for a fixed-width font */
 const char* keyboardHelpText();
 
-/** The table over the television's picture, until a click or the key that has brought it. */
+/** The table over the television's window, until a click or the key that has brought it. */
 class KeyboardHelp : public QLabel {
     Q_OBJECT
 public:
-    /** @param picture what it lies on; takes it */
-    explicit KeyboardHelp(QWidget* picture);
+    /** @param window what it lies on; takes it */
+    explicit KeyboardHelp(QWidget* window);
 
-    /** Shows it in the middle of the picture, or hides it. */
+    /** Shows it in the middle of the window, in letters that make it fit there; or hides it. */
     void toggle();
 
 protected:

@@ -4,6 +4,7 @@
 #include "medialib_components.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <array>
 
 namespace {
@@ -47,9 +48,9 @@ ObjectTable::ObjectTable() {
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setShowGrid(false);
-    setFocusPolicy(Qt::NoFocus);
+    setTabKeyNavigation(false);
     setSizeAdjustPolicy(AdjustIgnored);
-    setToolTip(QStringLiteral("Click an object to see its entries only; click it again to see all"));
+    setToolTip(QStringLiteral("Click an object, or press Enter, to see its entries only; once more to see all"));
     m_timer.setInterval(refreshMs);
     connect(&m_timer, &QTimer::timeout, this, &ObjectTable::refresh);
     connect(this, &QTableWidget::cellClicked, this, [this, last = 0](int row, int) mutable {
@@ -122,6 +123,14 @@ void ObjectTable::refresh() {
         setCell(row, SOUND, tracks(it->player, AV_COMPONENT_TYPE_AUDIO));
         setCell(row, SUBTITLES, tracks(it->player, AV_COMPONENT_TYPE_SUBTITLE));
     }
+}
+
+void ObjectTable::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentRow() >= 0) {
+        emit cellClicked(currentRow(), OBJECT);
+        return;
+    }
+    QTableWidget::keyPressEvent(event);
 }
 
 void ObjectTable::showEvent(QShowEvent* event) {

@@ -12,6 +12,7 @@ namespace {
 constexpr int panelWidth = 210;
 constexpr int columns = 12; ///< of the grid: three or four buttons fill a row
 constexpr int buttonHeight = 36;
+constexpr int leastButtonHeight = 18; ///< on a small screen
 
 const struct {
     int row;
@@ -54,6 +55,8 @@ const struct {
 
 const char* const panelStyle = "RemotePanel { background: #1d2026; }"
                                "QLabel, QCheckBox { color: #c8ccd2; }"
+                               "QCheckBox { border: 1px solid #1d2026; padding: 2px; }"
+                               "QCheckBox:focus { border-color: #ffffff; }"
                                "QPushButton { background: #3a3f47; color: white; border: 0; border-radius: 6px; }"
                                "QPushButton:pressed { background: #8a93a3; }";
 
@@ -77,7 +80,7 @@ RemotePanel::RemotePanel(bool spatialNavigation) {
         grid->setRowMinimumHeight(gap, 6);
     }
     auto* focus = new QCheckBox(QStringLiteral("Arrows move the focus"));
-    focus->setFocusPolicy(Qt::NoFocus);
+    focus->setFocusPolicy(Qt::TabFocus);
     focus->setChecked(spatialNavigation);
     connect(focus, &QCheckBox::toggled, this, &RemotePanel::spatialNavigationSwitched);
     grid->addWidget(focus, 14, 0, 1, columns);
@@ -96,13 +99,14 @@ void RemotePanel::addButton(QGridLayout& grid, int row, int column, int span, co
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(QString::fromLatin1(name));
     button->setFocusPolicy(Qt::NoFocus); // The keyboard stays with the page.
-    button->setFixedHeight(buttonHeight);
-    button->setMinimumWidth(0);
-    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    button->setMinimumSize(0, leastButtonHeight);
+    button->setMaximumHeight(buttonHeight);
+    button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     if (colour) {
         button->setStyleSheet(QStringLiteral("QPushButton:!pressed { background: %1; }").arg(QLatin1String(colour)));
     }
     connect(button, &QPushButton::pressed, this, [this, key] { m_hold.press(*key); });
     connect(button, &QPushButton::released, this, [this] { m_hold.release(); });
     grid.addWidget(button, row, column, 1, span);
+    grid.setRowStretch(row, 100); // Before the space below, up to the full height.
 }

@@ -42,7 +42,7 @@ StateBands::StateBands(int64_t startUs) : m_startUs(startUs) {
         forgetOld(m_nowUs - longestSpanUs);
         update();
     });
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
 }
 
 void StateBands::append(const TimelineEntries& entries) {
@@ -90,6 +90,16 @@ QSize StateBands::sizeHint() const {
     return {400, legendHeight + scaleHeight + rowHeight * qBound(1, m_bands.size(), mostBands)};
 }
 
+QSize StateBands::minimumSizeHint() const {
+    return {0, legendHeight + scaleHeight + rowHeight};
+}
+
+/** @return the newest objects, as many as there is room for; older ones are rarely what a person looks for */
+QList<int> StateBands::shownObjects() const {
+    const int room = qBound(1, (height() - legendHeight - scaleHeight) / rowHeight, mostBands);
+    return m_bands.keys().mid(qMax(0, m_bands.size() - room));
+}
+
 /** From the program's start, until that is a minute ago. */
 int64_t StateBands::spanUs() const {
     return qBound(shortestSpanUs, m_nowUs, longestSpanUs);
@@ -116,8 +126,7 @@ void StateBands::paintEvent(QPaintEvent*) {
         painter.drawText(x + 13, 16, name);
         x += 13 + painter.fontMetrics().horizontalAdvance(name) + 12;
     }
-    // The newest objects; older ones that are left over are rarely what a person looks for.
-    const QList<int> objects = m_bands.keys().mid(qMax(0, m_bands.size() - mostBands));
+    const QList<int> objects = shownObjects();
     const int bottom = legendHeight + rowHeight * qMax(1, objects.size());
     for (int64_t time = m_nowUs / tickUs * tickUs; time > m_nowUs - spanUs() && time >= 0; time -= tickUs) {
         painter.setPen(faint);
@@ -166,7 +175,7 @@ bool StateBands::event(QEvent* event) {
 }
 
 QString StateBands::textAt(const QPoint& point) const {
-    const QList<int> objects = m_bands.keys().mid(qMax(0, m_bands.size() - mostBands));
+    const QList<int> objects = shownObjects();
     const int row = (point.y() - legendHeight) / rowHeight;
     if (point.y() < legendHeight || row >= objects.size()) {
         return {};

@@ -20,6 +20,7 @@ public:
     void append(const TimelineEntries& entries);
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;
@@ -43,6 +44,7 @@ private:
     };
 
     void forgetOld(int64_t beforeUs);
+    QList<int> shownObjects() const;
     int64_t spanUs() const;
     double xOf(int64_t timeUs) const;
     QRectF areaOf(int row) const;

@@ -1,7 +1,8 @@
 #include "TimelinePanel.h"
 
+#include <QFocusEvent>
 #include <QFontDatabase>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QJsonDocument>
 #include <QLineEdit>
@@ -16,19 +17,22 @@ using Kind = TimelineEntry::Kind;
 
 constexpr QSize panelSize(700, 720);
 constexpr int rowHeight = 20;
+constexpr int filterColumns = 4;
 
 const char* const panelStyle =
     "TimelinePanel { background: #1d2026; }"
-    "QTableView, QPlainTextEdit, QLineEdit { background: #14161b; color: #c8ccd2; border: 0; }"
+    "QTableView, QPlainTextEdit, QLineEdit { background: #14161b; color: #c8ccd2; border: 1px solid #14161b; }"
     "QTableView::item:selected { background: #34507a; }"
     "QHeaderView::section { background: #1d2026; color: #8a93a3; border: 0; padding: 2px 4px; }"
     "QLineEdit { padding: 4px 6px; border-radius: 4px; }"
-    "QToolButton { background: #2a2e35; color: #8a93a3; border: 0; border-radius: 4px; padding: 4px 7px; }"
+    "QToolButton { background: #2a2e35; color: #8a93a3; border: 1px solid #2a2e35; border-radius: 4px;"
+    "padding: 3px; }"
     "QScrollBar { background: #14161b; border: 0; width: 10px; height: 10px; }"
     "QScrollBar::handle { background: #3a3f47; border-radius: 5px; min-height: 30px; min-width: 30px; }"
     "QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: #14161b; }"
-    "QToolButton:checked { background: #3f5f8f; color: white; }";
+    "QToolButton:checked { background: #3f5f8f; border-color: #3f5f8f; color: white; }"
+    "QTableView:focus, QPlainTextEdit:focus, QLineEdit:focus, QToolButton:focus { border: 1px solid #ffffff; }";
 
 const struct {
     const char* label;
@@ -52,12 +56,14 @@ TimelinePanel::TimelinePanel(int64_t startUs)
     setStyleSheet(QString::fromLatin1(panelStyle));
     setFont(QFont(font().family(), 9));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    m_objects->setFixedHeight(4 * 24);
+    m_objects->setMinimumHeight(2 * 24);
+    m_objects->setMaximumHeight(4 * 24);
     m_whole->setReadOnly(true);
-    m_whole->setFixedHeight(130);
+    m_whole->setMinimumHeight(44);
+    m_whole->setMaximumHeight(130);
     m_whole->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_whole->setPlaceholderText(QStringLiteral("Click an entry to see it whole."));
-    m_whole->setFocusPolicy(Qt::ClickFocus);
+    m_whole->setTabChangesFocus(true);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 8);
@@ -74,9 +80,11 @@ QSize TimelinePanel::sizeHint() const {
     return panelSize;
 }
 
-QHBoxLayout* TimelinePanel::makeFilters() {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(4);
+/** In two rows, for small screens. */
+QGridLayout* TimelinePanel::makeFilters() {
+    auto* grid = new QGridLayout;
+    grid->setSpacing(4);
+    int place = 0;
     for (const auto& group : groups) {
         TimelineFilter::Kinds kinds;
         for (const Kind kind : group.kinds) {
@@ -87,15 +95,18 @@ QHBoxLayout* TimelinePanel::makeFilters() {
         button->setCheckable(true);
         button->setChecked(true);
         button->setFocusPolicy(Qt::TabFocus);
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
         connect(button, &QToolButton::toggled, &m_filter, [this, kinds](bool on) { m_filter.showKinds(kinds, on); });
-        row->addWidget(button);
+        grid->addWidget(button, place / filterColumns, place % filterColumns);
+        grid->setColumnStretch(place % filterColumns, 1);
+        ++place;
     }
     m_text->setPlaceholderText(QStringLiteral("contains"));
     m_text->setClearButtonEnabled(true);
     m_text->setFocusPolicy(Qt::StrongFocus);
     connect(m_text, &QLineEdit::textChanged, &m_filter, &TimelineFilter::showText);
-    row->addWidget(m_text, 1);
-    return row;
+    grid->addWidget(m_text, place / filterColumns, place % filterColumns);
+    return grid;
 }
 
 QTableView* TimelinePanel::makeList() {
@@ -107,6 +118,9 @@ QTableView* TimelinePanel::makeList() {
     list->setSelectionMode(QTableView::SingleSelection);
     list->setShowGrid(false);
     list->setWordWrap(false);
+    list->setTabKeyNavigation(false);
+    list->setMinimumHeight(3 * rowHeight);
+    list->installEventFilter(this);
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     list->setVerticalScrollMode(QTableView::ScrollPerPixel);
     list->verticalHeader()->hide();
@@ -121,13 +135,25 @@ QTableView* TimelinePanel::makeList() {
     follow(*list);
     connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& index) {
         if (index.isValid()) {
+            m_follows = index.row() == m_filter.rowCount() - 1;
             showEntry(m_model.entry(m_filter.mapToSource(index).row()));
         }
     });
     return list;
 }
 
-/** Keeps the list at its end, until a person scrolls up. */
+/** The arrow keys begin at what is seen, the newest entry. */
+bool TimelinePanel::eventFilter(QObject* list, QEvent* event) {
+    if (list == m_list && event->type() == QEvent::FocusIn && !m_list->currentIndex().isValid()) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) {
+            m_list->setCurrentIndex(m_filter.index(m_filter.rowCount() - 1, TimelineModel::TEXT));
+        }
+    }
+    return false;
+}
+
+/** Keeps the list at its end, until a person scrolls up or chooses another entry than the last. */
 void TimelinePanel::follow(QTableView& list) {
     QScrollBar* bar = list.verticalScrollBar();
     connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { m_follows = value == bar->maximum(); });

@@ -11,7 +11,7 @@
 
 #include <QWidget>
 
-class QHBoxLayout;
+class QGridLayout;
 class QLineEdit;
 class QPlainTextEdit;
 class QTableView;
@@ -27,8 +27,11 @@ public:
 
     QSize sizeHint() const override;
 
+protected:
+    bool eventFilter(QObject* list, QEvent* event) override;
+
 private:
-    QHBoxLayout* makeFilters();
+    QGridLayout* makeFilters();
     QTableView* makeList();
     void follow(QTableView& list);
     void showEntry(const TimelineEntry& entry);

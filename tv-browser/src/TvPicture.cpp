@@ -10,7 +10,8 @@
 TvPicture::TvPicture(TvScreen& screen, QWidget* parent) : QWidget(parent), m_screen(screen) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(tvScreenSize / 2);
+    setMinimumSize(tvScreenSize / 5);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // It has what the panels leave.
     connect(&screen, &TvScreen::changed, this, &TvPicture::updatePart);
 }
 

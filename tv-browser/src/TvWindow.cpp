@@ -27,12 +27,14 @@ void TvWindow::showPanel(QWidget& panel, bool visible) {
     if (panel.isVisibleTo(this) == visible) {
         return;
     }
-    const int width = panel.sizeHint().width();
+    const int before = width();
     panel.setVisible(visible);
+    m_layout.activate(); // so that the window knows how small it may be
     if (!isMaximized() && !isFullScreen()) {
-        resize(qMin(this->width() + (visible ? width : -width), QWidget::screen()->availableGeometry().width()),
-               height());
+        const int wanted = before + (visible ? panel.sizeHint().width() : -m_grownFor.value(&panel));
+        resize(qMin(wanted, QWidget::screen()->availableGeometry().width()), height());
     }
+    m_grownFor[&panel] = visible ? width() - before : 0;
     if (!visible) {
         m_picture->setFocus();
     }

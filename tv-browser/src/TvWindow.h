@@ -7,6 +7,7 @@
 #include "KeyboardRemote.h"
 
 #include <QHBoxLayout>
+#include <QHash>
 #include <QWidget>
 
 class TvPicture;
@@ -41,6 +42,7 @@ protected:
 
 private:
     QHBoxLayout m_layout;
+    QHash<const QWidget*, int> m_grownFor; ///< pixels, by panel
     TvPicture* m_picture;
     KeyboardRemote m_keyboard;
 };
