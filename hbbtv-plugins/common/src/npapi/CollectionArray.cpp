@@ -2,7 +2,6 @@
 
 #include "BrowserFunctions.h"
 #include "HbbTVBaseClass.h"
-#include "PluginInstance.h"
 #include "WindowScript.h"
 
 namespace {
@@ -20,19 +19,15 @@ bool isCollection(const NPVariant& value) {
 
 } // namespace
 
-NPObject* makeCollectionCopier(NPP npp) {
-    return makeWindowFunction(npp, "collection", COPY_COLLECTION);
-}
-
-void presentAsArray(PluginInstance& instance, NPVariant* value) {
-    if (!isCollection(*value) || !instance.collectionCopier()) {
+void presentAsArray(NPP npp, NPVariant* value) {
+    NPObject* copier = isCollection(*value) ? makeWindowFunction(npp, "collection", COPY_COLLECTION) : nullptr;
+    if (!copier) {
         return;
     }
-    NPObject* copier = NPN_RetainObject(instance.collectionCopier());
     NPVariant array;
     VOID_TO_NPVARIANT(array);
     // Not by NPN_InvokeDefault, which traces calls of the page's own functions.
-    if (browserFunctions().invokeDefault(instance.npp(), copier, value, 1, &array)) {
+    if (browserFunctions().invokeDefault(npp, copier, value, 1, &array)) {
         NPN_ReleaseVariantValue(value);
         *value = array;
     }

@@ -4,16 +4,11 @@
 
 #include "npapi/npruntime.h"
 
-class PluginInstance;
-
-/** @return the script function that presentAsArray() copies with, for the caller to release; null without scripts */
-NPObject* makeCollectionCopier(NPP npp);
-
 /**
  * Replaces a component collection by a script array of its items, with `length` and `item(i)`. A collection changes
  * only when it is asked for again, so nothing is lost. Script runs: the instance may be gone afterwards.
  * @param value a result on its way to script; other values, and a collection that the page cannot copy, stay
  */
-void presentAsArray(PluginInstance& instance, NPVariant* value);
+void presentAsArray(NPP npp, NPVariant* value);
 
 #endif

@@ -15,17 +15,11 @@ constexpr char CALL_REPORTING[] = "var args = Array.prototype.slice.call(argumen
 
 } // namespace
 
-NPObject* makePageCaller(NPP npp) {
-    return makeWindowFunction(npp, "page, element", CALL_REPORTING);
-}
-
 bool callPageFunction(NPP npp, NPObject* function, const NPVariant* args, uint32_t argCount, NPVariant* result) {
+    // Made for each call: QtWebKit drops kept functions when another instance of the page goes.
+    NPObject* caller = makeWindowFunction(npp, "page, element", CALL_REPORTING);
     PluginInstance* instance = PluginInstance::of(npp);
-    if (!instance) {
-        return false;
-    }
-    NPObject* caller = NPN_RetainObject(instance->pageCaller());
-    NPObject* element = instance->pageObject(NPNVPluginElementNPObject);
+    NPObject* element = instance ? instance->pageObject(NPNVPluginElementNPObject) : nullptr;
     bool called = false;
     if (caller && element) {
         std::vector<NPVariant> values(2);
@@ -33,7 +27,7 @@ bool callPageFunction(NPP npp, NPObject* function, const NPVariant* args, uint32
         OBJECT_TO_NPVARIANT(element, values[1]);
         values.insert(values.end(), args, args + argCount);
         called = browserFunctions().invokeDefault(npp, caller, values.data(), argCount + 2, result);
-    } else {
+    } else if (instance) {
         called = browserFunctions().invokeDefault(npp, function, args, argCount, result);
     }
     NPN_ReleaseObject(element);

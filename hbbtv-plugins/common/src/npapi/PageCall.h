@@ -4,9 +4,6 @@
 
 #include "npapi/npruntime.h"
 
-/** @return the script function that callPageFunction() calls with, for the caller to release; null without scripts */
-NPObject* makePageCaller(NPP npp);
-
 /**
  * Calls a function of the page as an event handler of the instance's element: `this` is the element, and an exception
  * is reported to `window.onerror` and the console, where engines drop those of functions that a plug-in calls.

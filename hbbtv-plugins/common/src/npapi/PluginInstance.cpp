@@ -2,9 +2,7 @@
 
 #include "AsyncCalls.h"
 #include "BrowserFunctions.h"
-#include "CollectionArray.h"
 #include "ElementPlace.h"
-#include "PageCall.h"
 #include "PageFunction.h"
 #include "PageRecord.h"
 #include "PluginScriptObject.h"
@@ -34,8 +32,8 @@ template <class Predicate> PluginInstance* findLive(Predicate wanted) {
 
 PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType type)
     : m_module(module), m_npp(npp), m_plugin(nullptr), m_number(++instancesMade), m_scriptObject(nullptr),
-      m_element(nullptr), m_pageCaller(nullptr), m_collectionCopier(nullptr), m_window(), m_reported(),
-      m_hasWindow(false), m_recordPending(false), m_recordIsRead(false), m_placeScheduled(false), m_tracedState(0) {
+      m_element(nullptr), m_window(), m_reported(), m_hasWindow(false), m_isStarted(false), m_recordPending(false),
+      m_recordIsRead(false), m_placeScheduled(false), m_tracedState(0) {
     liveInstances().push_back(this);
     openAsyncCalls(npp);
     if (pluginTraceIsOn()) {
@@ -52,8 +50,6 @@ PluginInstance::~PluginInstance() {
         NPN_ReleaseObject(&m_scriptObject->object);
     }
     delete m_plugin;
-    NPN_ReleaseObject(m_collectionCopier);
-    NPN_ReleaseObject(m_pageCaller);
     NPN_ReleaseObject(m_element);
     closeAsyncCalls(m_npp);
     if (pluginTraceIsOn()) {
@@ -73,8 +69,6 @@ PluginInstance* PluginInstance::withNumber(int number) {
 bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* argn[], char* argv[],
                            NPSavedData* saved) {
     browserFunctions().getvalue(m_npp, NPNVPluginElementNPObject, &m_element);
-    m_pageCaller = makePageCaller(m_npp);
-    m_collectionCopier = makeCollectionCopier(m_npp);
     if (!m_plugin->initialize(type, m_npp, mode, argc, argn, argv, saved)) {
         return false;
     }
@@ -88,6 +82,7 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
         }
         m_plugin->setParam(argn[i], argv[i]);
     }
+    m_isStarted = true;
     m_recordPending = true;
     NPN_PluginThreadAsyncCall(m_npp, settleRecordOf, m_npp);
     return true;
@@ -124,17 +119,24 @@ NPObject* PluginInstance::pageObject(NPNVariable variable) {
     if (variable == NPNVPluginElementNPObject) {
         return NPN_RetainObject(m_element);
     }
-    NPVariant length;
-    VOID_TO_NPVARIANT(length);
-    // Script objects whose frame has gone answer nothing. Not the element, which would be laid out for the answer.
-    const bool hasFrame =
-        !m_pageCaller || NPN_GetProperty(m_npp, m_pageCaller, NPN_GetStringIdentifier("length"), &length);
-    NPN_ReleaseVariantValue(&length);
     NPObject* window = nullptr;
-    if (hasFrame) {
+    if (hasFrame()) {
         browserFunctions().getvalue(m_npp, NPNVWindowNPObject, &window);
     }
     return window;
+}
+
+bool PluginInstance::hasFrame() {
+    if (!m_isStarted) {
+        return true; // The engine is making the instance in the middle of its layout, which must not begin again.
+    }
+    const int number = m_number;
+    NPVariant name;
+    VOID_TO_NPVARIANT(name);
+    // Every element has a name; the object of one whose frame has gone answers nothing.
+    const bool answers = m_element && NPN_GetProperty(m_npp, m_element, NPN_GetStringIdentifier("nodeName"), &name);
+    NPN_ReleaseVariantValue(&name);
+    return answers && withNumber(number);
 }
 
 void PluginInstance::laidOut(const NPWindow& window) {

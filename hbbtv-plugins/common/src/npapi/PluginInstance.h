@@ -64,15 +64,12 @@ public:
     int number() const { return m_number; }
 
     /**
-     * The engine's objects of the instance, as NPN_GetValue gives them.
+     * The engine's objects of the instance, as NPN_GetValue gives them. Asking for the window may run layout, and the
+     * instance may be gone afterwards.
      * @param variable NPNVWindowNPObject or NPNVPluginElementNPObject
-     * @return with a reference for the caller; null without one, and no window when the frame has gone
+     * @return with a reference for the caller; null without one, and no window when the frame or the instance has gone
      */
     NPObject* pageObject(NPNVariable variable);
-
-    /** The framework's script functions in the page, null without scripts: makePageCaller(), makeCollectionCopier(). */
-    NPObject* pageCaller() const { return m_pageCaller; }
-    NPObject* collectionCopier() const { return m_collectionCopier; }
 
     /** Which of the element's places for functions of the page are taken. */
     std::vector<bool>& functionPlaces() { return m_functionPlaces; }
@@ -83,20 +80,19 @@ private:
     /// @return a property's whole number, 1 for true, 0 for anything else
     int numberOf(const char* property);
     bool isFullScreen();
+    bool hasFrame();
 
     const HbbTVModule& m_module;
     NPP m_npp;
     PluginBaseClass* m_plugin;
     int m_number;
     PluginScriptObject* m_scriptObject;
-    // Asked for at the start and kept: an instance may outlive its frame, in which engines cannot make them any more.
-    NPObject* m_element;
-    NPObject* m_pageCaller;
-    NPObject* m_collectionCopier;
+    NPObject* m_element; ///< kept: an instance may outlive its frame, in which engines cannot make it any more
     std::vector<bool> m_functionPlaces;
     NPWindow m_window;   ///< what the engine gave last
     NPWindow m_reported; ///< what the plug-in was given last
     bool m_hasWindow;
+    bool m_isStarted;
     bool m_recordPending;
     bool m_recordIsRead;
     bool m_placeScheduled;

@@ -75,7 +75,7 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
     const bool known = instance && invokePlugin(*instance, element, name, args, argCount, result);
     NPN_ReleaseObject(element);
     if (known && instanceOf(object)) {
-        presentAsArray(*instanceOf(object), result);
+        presentAsArray(instanceOf(object)->npp(), result);
     }
     return known;
 }

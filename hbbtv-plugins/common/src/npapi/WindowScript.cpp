@@ -29,6 +29,7 @@ NPObject* construct(NPP npp, const char* parameters, const char* body) {
     if (window) {
         NPN_GetProperty(npp, window, NPN_GetStringIdentifier("Function"), &value);
     }
+    // Before the page runs: engines free a frame's window with the frame, whatever references are left.
     NPN_ReleaseObject(window);
     NPObject* constructor = takeObject(&value);
     if (!constructor) {
