@@ -17,24 +17,38 @@ constexpr double pixelTolerance = 0.5;
 /** What an object says of its mode, and where it is; coordinates are the frame's viewport's. */
 struct ObjectState {
     bool isFullScreen = false;
+    bool isSeen = false; ///< neither hidden nor transparent, by itself or by what it is in
     QRectF box;
     QSizeF viewport;
 };
 
 ObjectState stateOf(QWebElement element) {
     // Written by a page, fullScreen alone leaves the player's window as it is; the width and height tell.
-    const QVariantList values =
-        element
-            .evaluateJavaScript(QStringLiteral("(function(o) { var r = o.getBoundingClientRect();"
-                                               "return [o.fullScreen === true && o.width == 1280 && o.height == 720,"
-                                               "r.left, r.top, r.width, r.height, innerWidth, innerHeight]; })(this)"))
-            .toList();
-    if (values.size() != 7) {
+    const QVariantList values = element
+                                    .evaluateJavaScript(QStringLiteral(R"js((function(object) {
+              function isSeen(element) {
+                if (getComputedStyle(element).visibility !== 'visible') {
+                  return false;
+                }
+                for (var part = element; part; part = part.parentElement) {
+                  if (Number(getComputedStyle(part).opacity) === 0) {
+                    return false;
+                  }
+                }
+                var frame = element.ownerDocument.defaultView.frameElement;
+                return !frame || isSeen(frame);
+              }
+              var box = object.getBoundingClientRect();
+              return [object.fullScreen === true && object.width == 1280 && object.height == 720, isSeen(object),
+                      box.left, box.top, box.width, box.height, innerWidth, innerHeight];
+            })(this))js"))
+                                    .toList();
+    if (values.size() != 8) {
         return {};
     }
-    return {values[0].toBool(),
-            QRectF(values[1].toDouble(), values[2].toDouble(), values[3].toDouble(), values[4].toDouble()),
-            QSizeF(values[5].toDouble(), values[6].toDouble())};
+    return {values[0].toBool(), values[1].toBool(),
+            QRectF(values[2].toDouble(), values[3].toDouble(), values[4].toDouble(), values[5].toDouble()),
+            QSizeF(values[6].toDouble(), values[7].toDouble())};
 }
 
 QStringList styleOf(const QWebElement& element) {
@@ -79,6 +93,10 @@ void FullScreenObjects::update() {
     m_stretched = stillStretched;
 }
 
+bool FullScreenObjects::anySeen() const {
+    return std::any_of(m_stretched.begin(), m_stretched.end(), [](const Stretched& object) { return object.isSeen; });
+}
+
 void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStretched) {
     for (QWebElement element : frame.findAllElements(QStringLiteral("object, embed"))) {
         const auto known = std::find_if(m_stretched.begin(), m_stretched.end(),
@@ -86,7 +104,7 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
         const bool isKnown = known != m_stretched.end();
         ObjectState state = stateOf(element);
         if (state.isFullScreen && !state.box.isEmpty()) {
-            Stretched object{element, {}, {}, state.viewport};
+            Stretched object{element, false, {}, {}, state.viewport};
             if (isKnown) {
                 object = *known;
                 state.box = beforeTransform(state.box, known->place, known->viewport);
@@ -102,6 +120,7 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
                 object.viewport = state.viewport;
                 stretch(object);
             }
+            object.isSeen = state.isSeen;
             stillStretched.append(object);
         } else if (isKnown) {
             setStyle(element, known->formerStyle, QString());

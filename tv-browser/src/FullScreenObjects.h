@@ -27,9 +27,13 @@ public:
     /** @return true while an object is stretched */
     bool any() const { return !m_stretched.isEmpty(); }
 
+    /** @return true while a stretched object is neither hidden nor transparent: its video lies behind the whole page */
+    bool anySeen() const;
+
 private:
     struct Stretched {
         QWebElement element;
+        bool isSeen = false;
         QStringList formerStyle; ///< the element's own values of the properties that are overridden
         QRectF place;            ///< in the layout, as the transform in force supposes
         QSizeF viewport;

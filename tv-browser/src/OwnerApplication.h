@@ -39,7 +39,7 @@ public:
     /** @return the key's name for the user; empty for a code that the remote control does not have */
     Q_INVOKABLE QString keyLabel(int code) const;
 
-    /** Shows or hides the page and its video, which goes on. */
+    /** Shows or hides the page and its video; playback goes on. */
     Q_INVOKABLE void setVisible(bool visible);
 
     /**

@@ -13,13 +13,13 @@ constexpr QRgb black = 0xff000000;
 constexpr QRgb white = 0xffffffff;
 
 /** @return true when a plug-in element was painted */
-bool paintWithElementsIn(QRgb colour, QWebFrame& frame, QImage& image, const QRegion& region) {
+bool paintWithElementsIn(QRgb colour, const QColor& ground, QWebFrame& frame, QImage& image, const QRegion& region) {
     const PluginElementColour pass(colour);
     QPainter painter(&image);
     painter.setClipRegion(region); // The engine paints a transformed element beyond it.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (const QRect& rectangle : region) {
-        painter.fillRect(rectangle, Qt::transparent);
+        painter.fillRect(rectangle, ground);
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     frame.render(&painter, region);
@@ -51,14 +51,14 @@ void cutHoles(QImage& page, const QImage& whitePage, const QRect& rectangle) {
 PagePicture::PagePicture()
     : m_page(tvScreenSize, QImage::Format_ARGB32_Premultiplied),
       m_white(tvScreenSize, QImage::Format_ARGB32_Premultiplied) {
-    m_page.fill(Qt::transparent);
+    m_page.fill(Qt::black);
 }
 
-void PagePicture::paint(QWebFrame& mainFrame, const QRegion& region) {
-    if (!paintWithElementsIn(black, mainFrame, m_page, region)) {
+void PagePicture::paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground) {
+    if (!paintWithElementsIn(black, ground, mainFrame, m_page, region)) {
         return;
     }
-    paintWithElementsIn(white, mainFrame, m_white, region);
+    paintWithElementsIn(white, ground, mainFrame, m_white, region);
     for (const QRect& rectangle : region) {
         cutHoles(m_page, m_white, rectangle);
     }

@@ -4,6 +4,7 @@
 #ifndef PAGEPICTURE_H
 #define PAGEPICTURE_H
 
+#include <QColor>
 #include <QImage>
 #include <QRegion>
 
@@ -13,10 +14,13 @@ class PagePicture {
 public:
     PagePicture();
 
-    /** Paints a part of the page anew. Runs layout, and with it whatever the engine and its plug-ins do then. */
-    void paint(QWebFrame& mainFrame, const QRegion& region);
+    /**
+     * Paints a part of the page anew. Runs layout, and with it whatever the engine and its plug-ins do then.
+     * @param ground what the page is painted on: black, so that video shows through its elements only, or transparent
+     */
+    void paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground);
 
-    /** @return the picture, premultiplied; transparent where nothing of the page covers the video */
+    /** @return the picture, premultiplied; transparent by so much as video shows */
     const QImage& image() const { return m_page; }
 
 private:

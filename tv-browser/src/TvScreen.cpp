@@ -20,7 +20,7 @@ TvScreen::TvScreen(TvPage& page)
     connect(&page, &QWebPage::scrollRequested, this,
             [this](int, int, const QRect& rectangle) { pageChanged(rectangle); });
     connect(&m_planes, &VideoPlanes::changed, this, &TvScreen::addStale);
-    connect(&m_planes, &VideoPlanes::placesChanged, this, [this] { m_fullScreenObjects.update(); });
+    connect(&m_planes, &VideoPlanes::placesChanged, this, &TvScreen::updateFullScreenObjects);
     pageChanged(wholeScreen);
 }
 
@@ -34,11 +34,20 @@ void TvScreen::pageChanged(const QRect& rectangle) {
 void TvScreen::paintPage() {
     QRegion dirty;
     dirty.swap(m_pageDirty);
-    m_pagePicture.paint(*m_page.mainFrame(), dirty);
+    m_pagePicture.paint(*m_page.mainFrame(), dirty, m_isVideoBehindPage ? Qt::transparent : Qt::black);
     if (m_fullScreenObjects.any()) {
-        m_fullScreenObjects.update(); // The page may have moved one.
+        updateFullScreenObjects(); // The page may have moved or hidden one.
     }
     addStale(dirty);
+}
+
+void TvScreen::updateFullScreenObjects() {
+    m_fullScreenObjects.update();
+    // What clips an object's place in the layout does not clip the screen.
+    if (m_fullScreenObjects.anySeen() != m_isVideoBehindPage) {
+        m_isVideoBehindPage = !m_isVideoBehindPage;
+        pageChanged(wholeScreen);
+    }
 }
 
 void TvScreen::addStale(const QRegion& region) {

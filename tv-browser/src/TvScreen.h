@@ -31,12 +31,14 @@ signals:
 private:
     void pageChanged(const QRect& rectangle);
     void paintPage();
+    void updateFullScreenObjects();
     void addStale(const QRegion& region);
 
     TvPage& m_page;
     PagePicture m_pagePicture;
     VideoPlanes m_planes;
     FullScreenObjects m_fullScreenObjects;
+    bool m_isVideoBehindPage = false; ///< behind all of it, not only behind its elements
     QTimer m_paintTimer;
     QRegion m_pageDirty;
     QRegion m_stale; ///< of the composed picture
