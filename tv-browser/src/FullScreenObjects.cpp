@@ -1,6 +1,7 @@
 #include "FullScreenObjects.h"
 
-#include <QVariant>
+#include "ObjectState.h"
+
 #include <QWebElementCollection>
 #include <QWebFrame>
 #include <algorithm>
@@ -13,43 +14,6 @@ const QStringList styleProperties = {QStringLiteral("-webkit-transform"), QStrin
                                      QStringLiteral("-webkit-transform-origin-y")};
 
 constexpr double pixelTolerance = 0.5;
-
-/** What an object says of its mode, and where it is; coordinates are the frame's viewport's. */
-struct ObjectState {
-    bool isFullScreen = false;
-    bool isSeen = false; ///< neither hidden nor transparent, by itself or by what it is in
-    QRectF box;
-    QSizeF viewport;
-};
-
-ObjectState stateOf(QWebElement element) {
-    // Written by a page, fullScreen alone leaves the player's window as it is; the width and height tell.
-    const QVariantList values = element
-                                    .evaluateJavaScript(QStringLiteral(R"js((function(object) {
-              function isSeen(element) {
-                if (getComputedStyle(element).visibility !== 'visible') {
-                  return false;
-                }
-                for (var part = element; part; part = part.parentElement) {
-                  if (Number(getComputedStyle(part).opacity) === 0) {
-                    return false;
-                  }
-                }
-                var frame = element.ownerDocument.defaultView.frameElement;
-                return !frame || isSeen(frame);
-              }
-              var box = object.getBoundingClientRect();
-              return [object.fullScreen === true && object.width == 1280 && object.height == 720, isSeen(object),
-                      box.left, box.top, box.width, box.height, innerWidth, innerHeight];
-            })(this))js"))
-                                    .toList();
-    if (values.size() != 8) {
-        return {};
-    }
-    return {values[0].toBool(), values[1].toBool(),
-            QRectF(values[2].toDouble(), values[3].toDouble(), values[4].toDouble(), values[5].toDouble()),
-            QSizeF(values[6].toDouble(), values[7].toDouble())};
-}
 
 QStringList styleOf(const QWebElement& element) {
     QStringList values;
@@ -89,6 +53,7 @@ FullScreenObjects::FullScreenObjects(QWebFrame& mainFrame) : m_mainFrame(mainFra
 
 void FullScreenObjects::update() {
     QList<Stretched> stillStretched;
+    m_hiddenPlayers.clear();
     updateFrame(m_mainFrame, stillStretched);
     m_stretched = stillStretched;
 }
@@ -102,7 +67,10 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
         const auto known = std::find_if(m_stretched.begin(), m_stretched.end(),
                                         [&element](const Stretched& entry) { return entry.element == element; });
         const bool isKnown = known != m_stretched.end();
-        ObjectState state = stateOf(element);
+        ObjectState state = objectStateOf(element);
+        if (!state.isSeen && state.player >= 0) {
+            m_hiddenPlayers.insert(state.player);
+        }
         if (state.isFullScreen && !state.box.isEmpty()) {
             Stretched object{element, false, {}, {}, state.viewport};
             if (isKnown) {
@@ -111,7 +79,7 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
             } else if (!isNear(state.box, QRectF(QPointF(), state.viewport))) {
                 object.formerStyle = styleOf(element);
                 setTransform(element, QStringLiteral("none")); // The page's own would count twice.
-                state = stateOf(element);
+                state = objectStateOf(element);
             } else {
                 continue; // It covers the page by itself.
             }

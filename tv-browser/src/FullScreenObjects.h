@@ -10,6 +10,7 @@
 
 #include <QList>
 #include <QRectF>
+#include <QSet>
 #include <QSizeF>
 #include <QStringList>
 #include <QWebElement>
@@ -30,6 +31,9 @@ public:
     /** @return true while a stretched object is neither hidden nor transparent: its video lies behind the whole page */
     bool anySeen() const;
 
+    /** @return the players of the objects that were hidden or transparent at the last update */
+    const QSet<int>& hiddenPlayers() const { return m_hiddenPlayers; }
+
 private:
     struct Stretched {
         QWebElement element;
@@ -44,6 +48,7 @@ private:
 
     QWebFrame& m_mainFrame;
     QList<Stretched> m_stretched;
+    QSet<int> m_hiddenPlayers;
 };
 
 #endif

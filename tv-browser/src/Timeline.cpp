@@ -2,6 +2,7 @@
 
 #include "MonotonicTime.h"
 #include "ObservedEntry.h"
+#include "UnobservedScript.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,15 +14,24 @@ namespace {
 constexpr int64_t holdUs = 20'000;
 constexpr int releaseIntervalMs = 20;
 
+/** Layout that a question brings about may create objects: that is the page's doing. */
+bool isOwnQuestion(const HbbTVPluginTraceEntry& entry) {
+    return UnobservedScript::runs() && (entry.kind == HBBTV_TRACE_READ || entry.kind == HBBTV_TRACE_CALL);
+}
+
 } // namespace
 
 Timeline::Timeline(int64_t startUs) : m_startUs(startUs) {
     m_timer.setInterval(releaseIntervalMs);
     connect(&m_timer, &QTimer::timeout, this, [this] { release(monotonicUs() - holdUs); });
     m_timer.start();
-    hbbtvPluginTraceSetCallback([](const HbbTVPluginTraceEntry* entry,
-                                   void* self) { static_cast<Timeline*>(self)->add(observedEntry(*entry)); },
-                                this);
+    hbbtvPluginTraceSetCallback(
+        [](const HbbTVPluginTraceEntry* entry, void* self) {
+            if (!isOwnQuestion(*entry)) {
+                static_cast<Timeline*>(self)->add(observedEntry(*entry));
+            }
+        },
+        this);
     mediaTraceSetCallback(
         [](const MediaTraceEntry* entry, void* self) { static_cast<Timeline*>(self)->add(observedEntry(*entry)); },
         this);

@@ -20,7 +20,7 @@ TvScreen::TvScreen(TvPage& page)
     connect(&page, &QWebPage::scrollRequested, this,
             [this](int, int, const QRect& rectangle) { pageChanged(rectangle); });
     connect(&m_planes, &VideoPlanes::changed, this, &TvScreen::addStale);
-    connect(&m_planes, &VideoPlanes::placesChanged, this, &TvScreen::updateFullScreenObjects);
+    connect(&m_planes, &VideoPlanes::placesChanged, this, &TvScreen::updateObjects);
     pageChanged(wholeScreen);
 }
 
@@ -35,14 +35,15 @@ void TvScreen::paintPage() {
     QRegion dirty;
     dirty.swap(m_pageDirty);
     m_pagePicture.paint(*m_page.mainFrame(), dirty, m_isVideoBehindPage ? Qt::transparent : Qt::black);
-    if (m_fullScreenObjects.any()) {
-        updateFullScreenObjects(); // The page may have moved or hidden one.
+    if (m_fullScreenObjects.any() || m_planes.overlap()) {
+        updateObjects(); // The page may have moved or hidden one.
     }
     addStale(dirty);
 }
 
-void TvScreen::updateFullScreenObjects() {
+void TvScreen::updateObjects() {
     m_fullScreenObjects.update();
+    m_planes.setHidden(m_planes.overlap() ? m_fullScreenObjects.hiddenPlayers() : QSet<int>());
     // What clips an object's place in the layout does not clip the screen.
     if (m_fullScreenObjects.anySeen() != m_isVideoBehindPage) {
         m_isVideoBehindPage = !m_isVideoBehindPage;

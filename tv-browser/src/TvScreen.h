@@ -31,7 +31,7 @@ signals:
 private:
     void pageChanged(const QRect& rectangle);
     void paintPage();
-    void updateFullScreenObjects();
+    void updateObjects();
     void addStale(const QRegion& region);
 
     TvPage& m_page;

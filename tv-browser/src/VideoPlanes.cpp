@@ -90,10 +90,29 @@ void VideoPlanes::update() {
     }
 }
 
+bool VideoPlanes::overlap() const {
+    QRegion taken;
+    for (const MediaPictureWindow& window : m_windows) {
+        if (taken.intersects(rectangleOf(window))) {
+            return true;
+        }
+        taken += rectangleOf(window);
+    }
+    return false;
+}
+
+void VideoPlanes::setHidden(const QSet<int>& players) {
+    if (players != m_hidden) {
+        const QRegion region = regionOf(m_hidden + players, m_windows);
+        m_hidden = players;
+        emit changed(region);
+    }
+}
+
 void VideoPlanes::draw(QPainter& painter) {
     for (const MediaPictureWindow& window : m_windows) {
         MediaPicture picture{};
-        if (!mediaPictureAcquire(window.player, &picture)) {
+        if (m_hidden.contains(window.player) || !mediaPictureAcquire(window.player, &picture)) {
             continue;
         }
         const QImage image(picture.pixels, picture.width, picture.height, picture.stride, QImage::Format_RGB32);

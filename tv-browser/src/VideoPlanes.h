@@ -22,6 +22,12 @@ public:
     VideoPlanes();
     ~VideoPlanes() override;
 
+    /** @return true when players show pictures in the same place, so that the page's holes do not tell whose is seen */
+    bool overlap() const;
+
+    /** Sets the players whose pictures are not drawn. */
+    void setHidden(const QSet<int>& players);
+
     /** Draws the newest pictures with their subtitles, in the order in which the players were opened. */
     void draw(QPainter& painter);
 
@@ -39,6 +45,7 @@ private:
     std::mutex m_mutex;
     QSet<int> m_notified; ///< players that changed since the last update; guarded by the mutex
     std::vector<MediaPictureWindow> m_windows;
+    QSet<int> m_hidden;
     SubtitlePainter m_subtitlePainter;
 };
 

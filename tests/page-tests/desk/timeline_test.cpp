@@ -99,6 +99,7 @@ TEST(Timeline, TellsTheStoryInTheDocumentedForm) {
             EXPECT_TRUE(entry["url"].toString().endsWith("/missing.mp4"));
         }
     }
+    EXPECT_FALSE(story.contains("1 read fullScreen 0")) << "the television's own question, the page asks nothing of it";
     qsizetype at = 0;
     for (const char* step : {"1 created  0", "1 call play 0", "1 command Play 0", "1 state connecting 3",
                              "1 event onPlayStateChange 0", "1 request  200", "1 report PLAYING 0", "1 state playing 1",
