@@ -47,6 +47,10 @@
     Object.defineProperty(keyset, name, {value: keysetConstants[name], enumerable: true});
   });
 
+  if (window === window.top) {
+    window.addEventListener('DOMContentLoaded', function() { television.completeDocument(); });
+  }
+
   var managers = []; // elements that may have handlers
   function loadFailed() {
     managers.forEach(function(manager) {

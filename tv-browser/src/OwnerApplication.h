@@ -52,7 +52,12 @@ public:
     /** Ends the application: the screen is empty, unless another one was created before. */
     Q_INVOKABLE void destroyApplication();
 
+    /** All of the page's document is there; images and the like may still be on their way. */
+    Q_INVOKABLE void completeDocument() { emit documentCompleted(); }
+
 signals:
+    /** See completeDocument(). */
+    void documentCompleted();
     /** The application has ended by itself and left no other. */
     void ended();
 

@@ -14,6 +14,9 @@ namespace {
 
 constexpr int mostDialogs = 20;
 
+/** How long a page whose document is complete waits for its images and the like. */
+constexpr int patienceMs = 3000;
+
 } // namespace
 
 TvPage::TvPage(Profile& profile)
@@ -37,6 +40,19 @@ TvPage::TvPage(Profile& profile)
     mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
 
     connect(&m_application, &OwnerApplication::ended, this, &TvPage::applicationEnded);
+    connect(&m_application, &OwnerApplication::documentCompleted, this, [this] {
+        if (m_hasDocument && m_failure.isEmpty()) {
+            m_patience.start(patienceMs);
+        }
+    });
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &TvPage::tellLoaded);
+    connect(mainFrame(), &QWebFrame::loadStarted, this, [this] {
+        m_patience.stop();
+        m_hasDocument = false;
+        m_isTold = false;
+    });
+    connect(mainFrame(), &QWebFrame::urlChanged, this, [this] { m_hasDocument = true; });
     addFrame(mainFrame());
     connect(this, &QWebPage::frameCreated, this, &TvPage::addFrame);
     connect(this, &QWebPage::consoleMessageReceived, this, &TvPage::printConsoleMessage);
@@ -125,14 +141,23 @@ void TvPage::certificateRefused(QNetworkReply* reply, const QList<QSslError>& er
 }
 
 void TvPage::loadEnded(bool ok) {
-    if (ok && m_failure.isEmpty()) {
-        emit loaded();
+    m_patience.stop();
+    // What came of a document stays when its script stops the rest.
+    if (m_failure.isEmpty() && (ok || m_hasDocument)) {
+        tellLoaded();
         return;
     }
     emit loadFailed(QStringLiteral("%1 cannot be opened: %2")
                         .arg(m_nameOf(mainFrame()->requestedUrl()),
                              m_failure.isEmpty() ? QStringLiteral("the engine cannot show it") : m_failure));
     m_failure.clear();
+}
+
+void TvPage::tellLoaded() {
+    if (!m_isTold) {
+        m_isTold = true;
+        emit loaded();
+    }
 }
 
 void TvPage::printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,

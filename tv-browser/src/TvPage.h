@@ -12,6 +12,7 @@
 
 #include <QSize>
 #include <QString>
+#include <QTimer>
 #include <QWebPage>
 #include <functional>
 
@@ -54,7 +55,7 @@ signals:
                         const QString& address);
     /** The page has ended its application. */
     void applicationEnded();
-    /** The page opened last is there. */
+    /** The page opened last is there: loaded, or complete but for parts such as images that keep it waiting. */
     void loaded();
     /** The page opened last cannot be shown; `reason` is a sentence for the user. */
     void loadFailed(const QString& reason);
@@ -72,6 +73,7 @@ private:
     void replyFinished(QNetworkReply* reply);
     static void certificateRefused(QNetworkReply* reply, const QList<QSslError>& errors);
     void loadEnded(bool ok);
+    void tellLoaded();
     void printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
                              const QString& address);
     void printDialog(const char* kind, const QString& message, const QString& answer);
@@ -82,8 +84,11 @@ private:
     EngineNetwork m_network;
     std::function<QString(const QUrl&)> m_nameOf;
     PlayerRequests m_playerRequests;
-    int m_dialogs = 0; ///< that the present page has opened
-    QString m_failure; ///< why the main frame's document did not come
+    int m_dialogs = 0;          ///< that the present page has opened
+    QString m_failure;          ///< why the main frame's document did not come
+    QTimer m_patience;          ///< with what a complete document still waits for
+    bool m_hasDocument = false; ///< of the load that has begun last
+    bool m_isTold = false;      ///< that the page is there
 };
 
 #endif
