@@ -33,7 +33,7 @@ Opens a page as an HbbTV television would. Files are served over HTTP on this ma
 
   --profile FOLDER         keep cookies and storage there; else they end with the program. Its file
                            user-agent, when there is one, holds the user agent
-  --first-start            empty the profile before (while it runs: Shift+F7)
+  --first-start            forget its cookies and storage before (while it runs: Shift+F7)
   --user-agent TEXT        of page and media requests
   --trust FILE             accept a test server's own certificate too (PEM)
   --no-spatial-navigation  the arrow keys do not move the focus by themselves

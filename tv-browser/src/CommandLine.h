@@ -30,7 +30,7 @@ struct CommandLine {
     bool headless = false;
     bool inspect = false; /**< with the inspector from the start */
     bool spatialNavigation = true;
-    bool firstStart = false; /**< the profile is emptied first */
+    bool firstStart = false; /**< the profile's cookies and storage are forgotten first */
     bool panel = false;      /**< the timeline beside the picture from the start */
     bool trace = false;
     bool verdict = false;

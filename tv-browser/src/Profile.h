@@ -18,7 +18,7 @@ public:
      */
     Profile(const QString& folder, const QString& userAgent);
 
-    /** Empties a profile folder: what is in it is as at a television's first start, but for its user agent. */
+    /** Forgets the cookies and storage in a profile folder. Its user agent and port stay. */
     static void clearFolder(const QString& folder);
 
     CookieJar& cookies() { return m_cookies; }
