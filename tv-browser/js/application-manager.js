@@ -21,12 +21,12 @@
   function setKeyset(mask, otherKeys) {
     var number = Number(mask);
     if (!(Math.abs(number) <= LARGEST_MASK)) {
-      console.warn('the key set ' + mask + ' is refused: give a sum of the constants of the keyset object');
+      objects.warn('the key set ' + mask + ' is refused: give a sum of the constants of the keyset object');
       return television.keyset;
     }
     var codes = otherKeys === undefined || otherKeys === null ? [] : otherKeys;
     if (!Array.isArray(codes)) {
-      console.warn('the other keys ' + codes + ' of the key set are ignored: give an array of key codes');
+      objects.warn('the other keys ' + codes + ' of the key set are ignored: give an array of key codes');
       codes = [];
     }
     return television.setKeyset(number | 0, codes.map(function(code) { return code | 0; }));

@@ -10,6 +10,15 @@
     return (element.getAttribute('type') || '').toLowerCase();
   }
 
+  // The types of A/V Control objects are the plug-in's.
+  function pluginFileOf(mimeType) {
+    return mimeType && mimeType.enabledPlugin ? mimeType.enabledPlugin.filename : '';
+  }
+  var pluginFile = pluginFileOf(navigator.mimeTypes['video/mp4']);
+  var mediaTypes = Array.prototype.filter.call(navigator.mimeTypes, function(mimeType) {
+    return pluginFile && pluginFileOf(mimeType) === pluginFile;
+  }).map(function(mimeType) { return mimeType.type; }).sort();
+
   function modelOf(element) {
     var type = typeOf(element);
     var entry = made.get(element);
@@ -17,6 +26,10 @@
       var maker = objects.isMedia(type) ? makers.media : makers[type];
       entry = {type: type, model: maker ? maker(element) : null};
       made.set(element, entry);
+      if (!maker && /^(video|audio)\//.test(type)) {
+        objects.warn('an object of type ' + type + ' has no player and none of its methods; there are ' +
+          mediaTypes.join(', '));
+      }
     }
     return entry.model;
   }
@@ -46,7 +59,7 @@
 
   // Is it the type of an A/V Control object?
   objects.isMedia = function(type) {
-    return /^(video|audio)\/(?!broadcast)|^application\/(vnd\.apple\.mpegurl|dash\+xml)$/.test(type);
+    return mediaTypes.indexOf(type) >= 0;
   };
 
   objects.typeOf = typeOf;
@@ -85,6 +98,13 @@
     (methods || []).forEach(function(name) { collection[name] = function() { return null; }; });
     return collection;
   };
+
+  // A page that scales itself by the screen finds the television's, not the desk's.
+  var screenSize = {width: 1280, height: 720, availWidth: 1280, availHeight: 720};
+  Object.keys(screenSize).forEach(function(name) {
+    Object.defineProperty(Screen.prototype, name, {configurable: true, enumerable: true,
+      get: function() { return screenSize[name]; }});
+  });
 
   // The fields of the user agent: capabilities, vendor, model, software, hardware, family.
   objects.terminal = function() {

@@ -7,7 +7,11 @@
     return false;
   }
 
-  objects.define('media', function() {
+  function notOffered() {
+    return 'undefined';
+  }
+
+  objects.define('media', function(element) {
     return {
       get playState() { return 0; },
       get playPosition() { return 'undefined'; },
@@ -27,7 +31,13 @@
       getComponents: function() { return objects.emptyCollection(); },
       getCurrentActiveComponents: function() { return objects.emptyCollection(); },
       selectComponent: function() {},
-      unselectComponent: function() {}
+      unselectComponent: function() {},
+      getSinkProtocolInfo: notOffered,
+      getTransportStateVariables: notOffered,
+      setTransportStateVariables: notOffered,
+      getPluginType: function() { return 7; },
+      getMediaHandle: function() { return -1; },
+      getPluginElement: function() { return element; }
     };
   });
 

@@ -67,8 +67,6 @@ Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t start
         faults->setFocus();
     });
     addMenu();
-
-    m_parts.page.settings()->setAttribute(QWebSettings::DeveloperExtrasEnabled, true);
 }
 
 void Desk::open(const CommandLine& commandLine) {

@@ -17,8 +17,9 @@ QByteArray resource(const char* name) {
 /** Each file is a function, which gets what the files share, and the application. */
 QString composeScript() {
     QByteArray script = "(function(television) { delete window.television; var objects = {};\n";
-    for (const char* name : {"embedded-objects.js", "application-manager.js", "configuration.js", "capabilities.js",
-                             "drm-agent.js", "broadcast.js", "media-object.js", "object-factory.js", "dialogs.js"}) {
+    for (const char* name :
+         {"embedded-objects.js", "console.js", "application-manager.js", "configuration.js", "capabilities.js",
+          "drm-agent.js", "broadcast.js", "media-object.js", "object-factory.js", "dialogs.js"}) {
         script += '(' + resource(name) + ")(objects, television);\n";
     }
     return QString::fromUtf8(script + "})(window.television);");

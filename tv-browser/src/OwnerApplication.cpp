@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <QWebElement>
 #include <QWebFrame>
+#include <utility>
 
 namespace {
 
@@ -76,6 +77,10 @@ void OwnerApplication::destroyApplication() {
         open(QUrl(QStringLiteral("about:blank")));
         emit ended();
     }
+}
+
+QString OwnerApplication::takeConsoleText() {
+    return std::exchange(m_consoleText, QString());
 }
 
 void OwnerApplication::open(const QUrl& url) {

@@ -52,10 +52,20 @@ public:
     /** Ends the application: the screen is empty, unless another one was created before. */
     Q_INVOKABLE void destroyApplication();
 
+    /** What the console message that follows at once says in whole; the engine tells a part of it. */
+    Q_INVOKABLE void announceConsoleText(const QString& text) { m_consoleText = text; }
+
+    /** @return what was announced for the present console message; null when nothing was */
+    QString takeConsoleText();
+
+    /** Tells the page's author something about a place in the page's script. */
+    Q_INVOKABLE void warn(const QString& text, const QString& address, int line) { emit warned(text, address, line); }
+
     /** All of the page's document is there; images and the like may still be on their way. */
     Q_INVOKABLE void completeDocument() { emit documentCompleted(); }
 
 signals:
+    void warned(const QString& text, const QString& address, int line);
     /** See completeDocument(). */
     void documentCompleted();
     /** The application has ended by itself and left no other. */
@@ -66,6 +76,7 @@ private:
 
     QWebFrame& m_mainFrame;
     QVariantList m_otherKeys;
+    QString m_consoleText;
     QString m_formerOpacity;
     int m_keyset = 0;
     bool m_isVisible = true;

@@ -6,7 +6,9 @@
 #include <QKeyEvent>
 #include <QNetworkReply>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QSslError>
+#include <QWebElement>
 #include <QWebFrame>
 #include <cstdio>
 
@@ -29,6 +31,9 @@ TvPage::TvPage(Profile& profile)
     settings()->setAttribute(QWebSettings::PluginsEnabled, true);
     settings()->setAttribute(QWebSettings::AcceleratedCompositingEnabled, false);
     settings()->setAttribute(QWebSettings::LocalStorageEnabled, true);
+    settings()->setAttribute(QWebSettings::JavascriptCanOpenWindows, true); // To hear of it, and refuse.
+    // The inspector; and without it the engine does not know the place of each console message.
+    settings()->setAttribute(QWebSettings::DeveloperExtrasEnabled, true);
     settings()->setUserStyleSheetUrl(embeddedObjectsStyleSheet());
     setProperty("_q_useNativeVirtualKeyAsDOMKey", true);
 
@@ -40,6 +45,7 @@ TvPage::TvPage(Profile& profile)
     mainFrame()->setScrollBarPolicy(Qt::Vertical, Qt::ScrollBarAlwaysOff);
 
     connect(&m_application, &OwnerApplication::ended, this, &TvPage::applicationEnded);
+    connect(&m_application, &OwnerApplication::warned, this, &TvPage::warn);
     connect(&m_application, &OwnerApplication::documentCompleted, this, [this] {
         if (m_hasDocument && m_failure.isEmpty()) {
             m_patience.start(patienceMs);
@@ -117,6 +123,7 @@ void TvPage::addFrame(QWebFrame* frame) {
         frame->evaluateJavaScript(remoteKeyConstantsScript());
         installEmbeddedObjects(*frame, m_application);
     });
+    connect(frame, &QWebFrame::loadFinished, this, [this, frame] { tellMarkupError(*frame); });
 }
 
 void TvPage::replyFinished(QNetworkReply* reply) {
@@ -160,11 +167,44 @@ void TvPage::tellLoaded() {
     }
 }
 
+/** Looks for the place where the engine has given up reading XHTML, which it shows in the page. */
+void TvPage::tellMarkupError(const QWebFrame& frame) {
+    static const QRegularExpression error(QStringLiteral("error on line (\\d+) at column (\\d+): (.*)"));
+    const QRegularExpressionMatch match =
+        error.match(frame.findFirstElement(QStringLiteral("parsererror")).toPlainText());
+    if (match.hasMatch()) {
+        tell(XmlMessageSource, ErrorMessageLevel,
+             QStringLiteral("the page is not well-formed at column %1: %2").arg(match.captured(2), match.captured(3)),
+             match.captured(1).toInt(), frame.url().toString());
+    }
+}
+
+bool TvPage::acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request, NavigationType type) {
+    if (!frame) {
+        warn(QStringLiteral("%1 is not opened: its target is a window of its own, and this television has one window; "
+                            "leave the target out")
+                 .arg(request.url().toString()),
+             mainFrame()->url().toString(), 0);
+        return false;
+    }
+    return QWebPage::acceptNavigationRequest(frame, request, type);
+}
+
+void TvPage::warn(const QString& text, const QString& address, int line) {
+    tell(ConsoleAPIMessageSource, WarningMessageLevel, text, line, address);
+}
+
 void TvPage::printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
                                  const QString& address) {
+    const QString whole = m_application.takeConsoleText();
+    tell(source, level, whole.isNull() ? message : whole, line, address);
+}
+
+void TvPage::tell(MessageSource source, MessageLevel level, const QString& message, int line, const QString& address) {
     const char* kind = level == ErrorMessageLevel ? "error" : level == WarningMessageLevel ? "warning" : "log";
     const QString file = m_nameOf(QUrl(address));
-    std::fprintf(stderr, "%s:%d: %s%s%s\n", qUtf8Printable(file), line, level == LogMessageLevel ? "" : kind,
+    const QString place = line > 0 ? QStringLiteral("%1:%2").arg(file).arg(line) : file;
+    std::fprintf(stderr, "%s: %s%s%s\n", qUtf8Printable(place), level == LogMessageLevel ? "" : kind,
                  level == LogMessageLevel ? "" : ": ", qUtf8Printable(message));
     emit consoleMessage(source == JSMessageSource && level == ErrorMessageLevel, QString::fromLatin1(kind), message,
                         line, file);

@@ -61,6 +61,7 @@ signals:
     void loadFailed(const QString& reason);
 
 protected:
+    bool acceptNavigationRequest(QWebFrame* frame, const QNetworkRequest& request, NavigationType type) override;
     void javaScriptAlert(QWebFrame* frame, const QString& message) override;
     bool javaScriptConfirm(QWebFrame* frame, const QString& message) override;
     bool javaScriptPrompt(QWebFrame* frame, const QString& message, const QString& defaultValue,
@@ -74,8 +75,11 @@ private:
     static void certificateRefused(QNetworkReply* reply, const QList<QSslError>& errors);
     void loadEnded(bool ok);
     void tellLoaded();
+    void tellMarkupError(const QWebFrame& frame);
+    void warn(const QString& text, const QString& address, int line);
     void printConsoleMessage(MessageSource source, MessageLevel level, const QString& message, int line,
                              const QString& address);
+    void tell(MessageSource source, MessageLevel level, const QString& message, int line, const QString& address);
     void printDialog(const char* kind, const QString& message, const QString& answer);
 
     Profile& m_profile;
