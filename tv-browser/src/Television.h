@@ -64,6 +64,7 @@ private:
     std::unique_ptr<TimelineFile> m_timelineFile;
     std::unique_ptr<Timeline> m_timeline; ///< null when nobody looks at it
     LoopbackServer m_server;              // Outlives the page: its players are readers.
+    QString m_serverAddress;              // A page that goes while it loads still names its address.
     Profile m_profile;
     TvPage m_page;
     TvScreen m_screen;
@@ -71,7 +72,6 @@ private:
     std::unique_ptr<TvWindow> m_window;
     std::unique_ptr<Desk> m_desk; ///< of the window
     KeyHold m_heldKey;            ///< of the command line's keys
-    QString m_serverAddress;
     Restart m_restart;
     int m_nextKey = 0;
     bool m_wasLoaded = false;
