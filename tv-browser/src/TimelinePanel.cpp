@@ -16,6 +16,7 @@ namespace {
 using Kind = TimelineEntry::Kind;
 
 constexpr QSize panelSize(700, 720);
+constexpr int leastWidth = 360;
 constexpr int rowHeight = 20;
 constexpr int filterColumns = 4;
 
@@ -40,7 +41,7 @@ const struct {
 } groups[] = {
     {"Calls", {Kind::CALL, Kind::CREATED, Kind::GONE, Kind::PARAM}},
     {"Properties", {Kind::READ, Kind::WRITE}},
-    {"States, events", {Kind::STATE, Kind::EVENT}},
+    {"Events", {Kind::STATE, Kind::EVENT}},
     {"Player", {Kind::COMMAND, Kind::REPORT, Kind::NOTE}},
     {"Network", {Kind::REQUEST, Kind::BUFFER}},
     {"Console", {Kind::CONSOLE, Kind::SCRIPT_ERROR, Kind::PAGE}},
@@ -56,6 +57,7 @@ TimelinePanel::TimelinePanel(int64_t startUs)
     setStyleSheet(QString::fromLatin1(panelStyle));
     setFont(QFont(font().family(), 9));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    setMinimumWidth(leastWidth);
     m_objects->setMinimumHeight(2 * 24);
     m_objects->setMaximumHeight(4 * 24);
     m_whole->setReadOnly(true);
@@ -95,7 +97,7 @@ QGridLayout* TimelinePanel::makeFilters() {
         button->setCheckable(true);
         button->setChecked(true);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         connect(button, &QToolButton::toggled, &m_filter, [this, kinds](bool on) { m_filter.showKinds(kinds, on); });
         grid->addWidget(button, place / filterColumns, place % filterColumns);
         grid->setColumnStretch(place % filterColumns, 1);
