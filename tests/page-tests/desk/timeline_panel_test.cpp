@@ -1,11 +1,14 @@
-// The timeline's panel: what its filters show, and an entry whole.
+// The timeline's panel: bands with marks, objects, what its filters show, the chosen entry.
 #include "TimelinePanel.h"
 
 #include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QToolButton>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,6 +22,122 @@ TimelineEntry entry(Kind kind, int object, const char* text) {
     made.text = QString::fromLatin1(text);
     made.fields[QStringLiteral("name")] = made.text;
     return made;
+}
+
+TimelineEntry stateAt(double seconds, int object, int state) {
+    TimelineEntry made = entry(Kind::STATE, object, "");
+    made.timeUs = static_cast<int64_t>(seconds * 1e6);
+    made.fields[QStringLiteral("state")] = state;
+    return made;
+}
+
+TimelineEntry markAt(double seconds, Kind kind, int object, const char* text) {
+    TimelineEntry made = entry(kind, object, text);
+    made.timeUs = static_cast<int64_t>(seconds * 1e6);
+    return made;
+}
+
+TEST(TimelinePanel, DrawsStatesAsBandsWithMarksForErrorsAndStalls) {
+    StateBands bands(0);
+    bands.append({markAt(0, Kind::CREATED, 1, "video/mp4"), stateAt(1, 1, 3), stateAt(3, 1, 1),
+                  markAt(5, Kind::STALL, 1, "stands still"), markAt(7, Kind::ERROR, 1, "HTTP 404"), stateAt(7, 1, 6),
+                  markAt(2, Kind::CREATED, 2, "audio/mp4"), stateAt(4, 2, 4), markAt(8, Kind::GONE, 2, ""),
+                  markAt(10, Kind::CREATED, 3, "video/mp4")});
+    const int labels = 26;
+    const int width = 1000;
+    bands.resize(labels + width, bands.sizeHint().height());
+    const QImage picture = bands.grab().toImage();
+    // Ten seconds fill the width; the bands are 26 pixels high, below a legend of 22.
+    const auto at = [](double seconds, int row, int y) {
+        return QPoint(labels + static_cast<int>(seconds / 10 * width), 22 + row * 26 + y);
+    };
+    const auto shows = [&](const QColor& colour, const QPoint& place) { return picture.pixelColor(place) == colour; };
+    EXPECT_TRUE(shows(playStateColour(0), at(0.5, 0, 15)));
+    EXPECT_TRUE(shows(playStateColour(3), at(2, 0, 15)));
+    EXPECT_TRUE(shows(playStateColour(1), at(4, 0, 15)));
+    EXPECT_TRUE(shows(playStateColour(1), at(5.5, 0, 15))) << "a stall is no state";
+    EXPECT_TRUE(shows(playStateColour(6), at(9, 0, 15)));
+    EXPECT_TRUE(shows(QColor(0xff, 0xca, 0x4f), at(5, 0, 5)));
+    EXPECT_TRUE(shows(QColor(0xff, 0x52, 0x52), at(7, 0, 5)));
+    EXPECT_TRUE(shows(playStateColour(4), at(6, 1, 15)));
+    for (const double outside : {1.5, 9.0}) {
+        EXPECT_FALSE(shows(playStateColour(4), at(outside, 1, 15))) << "object 2 is not there at " << outside;
+        EXPECT_FALSE(shows(playStateColour(0), at(outside, 1, 15))) << "object 2 is not there at " << outside;
+    }
+    const auto tip = [&](const QPoint& place) {
+        QHelpEvent event(QEvent::ToolTip, place, bands.mapToGlobal(place));
+        QApplication::sendEvent(&bands, &event);
+        return QToolTip::text().toStdString();
+    };
+    EXPECT_EQ("playing since 3.000 s", tip(at(4, 0, 15)));
+    EXPECT_EQ("error HTTP 404", tip(at(7, 0, 15)));
+    EXPECT_EQ("buffering since 4.000 s", tip(at(6, 1, 15)));
+}
+
+TEST(TimelinePanel, ListsTheObjectsThatAreThere) {
+    ObjectTable table;
+    table.show();
+    TimelineEntry source = entry(Kind::COMMAND, 1, "SetSource");
+    source.fields[QStringLiteral("arguments")] = QStringLiteral("http://server/films/one.mp4");
+    TimelineEntry buffer = entry(Kind::BUFFER, 1, "");
+    buffer.fields[QStringLiteral("percent")] = 40;
+    table.append({stateAt(1, 1, 4), source, buffer, stateAt(1, 2, 1)});
+    ASSERT_EQ(2, table.rowCount());
+    const auto row = [&table](int which) {
+        QStringList texts;
+        for (int column = 0; column < table.columnCount(); ++column) {
+            texts.append(table.item(which, column) ? table.item(which, column)->text() : QString());
+        }
+        return texts;
+    };
+    for (const char* text : {"1", "4 buffering", "40 %", "one.mp4"}) {
+        EXPECT_TRUE(row(0).contains(QLatin1String(text))) << text;
+    }
+    EXPECT_TRUE(row(1).contains(QStringLiteral("1 playing")));
+    std::vector<int> chosen;
+    QObject::connect(&table, &ObjectTable::chosen, [&chosen](int object) { chosen.push_back(object); });
+    table.setCurrentCell(1, 0);
+    for (int i = 0; i < 2; ++i) {
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(&table, &enter);
+    }
+    EXPECT_EQ((std::vector<int>{2, 0}), chosen) << "once more shows all";
+    table.append({entry(Kind::GONE, 1, "")});
+    ASSERT_EQ(1, table.rowCount());
+    EXPECT_EQ(QStringLiteral("2"), row(0).constFirst());
+}
+
+TEST(TimelinePanel, KeepsTheChosenEntryInSight) {
+    TimelinePanel panel(0);
+    panel.resize(panel.sizeHint());
+    panel.show();
+    auto* list = panel.findChild<QTableView*>(QStringLiteral("entries"));
+    const auto append = [&panel] {
+        panel.append(TimelineEntries(200, entry(Kind::CALL, 1, "stop()")));
+        QApplication::processEvents();
+    };
+    const auto sees = [list](int row) {
+        return list->viewport()->rect().intersects(list->visualRect(list->model()->index(row, TimelineModel::TEXT)));
+    };
+    const auto up = [list] {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
+        QApplication::sendEvent(list, &event);
+        QApplication::processEvents();
+    };
+    append();
+    EXPECT_TRUE(sees(199)) << "the newest one, as long as none is chosen";
+    list->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(199, list->currentIndex().row());
+    up();
+    EXPECT_EQ(198, list->currentIndex().row());
+    append();
+    EXPECT_TRUE(sees(198));
+    list->scrollToBottom();
+    append();
+    EXPECT_TRUE(sees(599)) << "at the end it follows again";
+    up();
+    EXPECT_EQ(197, list->currentIndex().row());
+    EXPECT_TRUE(sees(197)) << "the keys go to what is chosen";
 }
 
 TEST(TimelinePanel, ShowsWhatIsAskedFor) {
