@@ -53,13 +53,11 @@ FullScreenObjects::FullScreenObjects(QWebFrame& mainFrame) : m_mainFrame(mainFra
 
 void FullScreenObjects::update() {
     QList<Stretched> stillStretched;
+    m_any = false;
+    m_anySeen = false;
     m_hiddenPlayers.clear();
     updateFrame(m_mainFrame, stillStretched);
     m_stretched = stillStretched;
-}
-
-bool FullScreenObjects::anySeen() const {
-    return std::any_of(m_stretched.begin(), m_stretched.end(), [](const Stretched& object) { return object.isSeen; });
 }
 
 void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStretched) {
@@ -72,7 +70,9 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
             m_hiddenPlayers.insert(state.player);
         }
         if (state.isFullScreen && !state.box.isEmpty()) {
-            Stretched object{element, false, {}, {}, state.viewport};
+            m_any = true;
+            m_anySeen |= state.isSeen;
+            Stretched object{element, {}, {}, state.viewport};
             if (isKnown) {
                 object = *known;
                 state.box = beforeTransform(state.box, known->place, known->viewport);
@@ -81,14 +81,13 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
                 setTransform(element, QStringLiteral("none")); // The page's own would count twice.
                 state = objectStateOf(element);
             } else {
-                continue; // It covers the page by itself.
+                continue; // It covers its frame by itself.
             }
             if (!isNear(state.box, object.place) || state.viewport != object.viewport) {
                 object.place = state.box;
                 object.viewport = state.viewport;
                 stretch(object);
             }
-            object.isSeen = state.isSeen;
             stillStretched.append(object);
         } else if (isKnown) {
             setStyle(element, known->formerStyle, QString());

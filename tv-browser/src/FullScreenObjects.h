@@ -25,11 +25,11 @@ public:
     /** Looks at all objects of the page and its frames, and stretches or restores those whose mode has changed. */
     void update();
 
-    /** @return true while an object is stretched */
-    bool any() const { return !m_stretched.isEmpty(); }
+    /** @return true while an object is in full-screen mode */
+    bool any() const { return m_any; }
 
-    /** @return true while a stretched object is neither hidden nor transparent: its video lies behind the whole page */
-    bool anySeen() const;
+    /** @return true while one of them is neither hidden nor transparent: its video lies behind the whole page */
+    bool anySeen() const { return m_anySeen; }
 
     /** @return the players of the objects that were hidden or transparent at the last update */
     const QSet<int>& hiddenPlayers() const { return m_hiddenPlayers; }
@@ -37,7 +37,6 @@ public:
 private:
     struct Stretched {
         QWebElement element;
-        bool isSeen = false;
         QStringList formerStyle; ///< the element's own values of the properties that are overridden
         QRectF place;            ///< in the layout, as the transform in force supposes
         QSizeF viewport;
@@ -48,6 +47,8 @@ private:
 
     QWebFrame& m_mainFrame;
     QList<Stretched> m_stretched;
+    bool m_any = false;
+    bool m_anySeen = false;
     QSet<int> m_hiddenPlayers;
 };
 
