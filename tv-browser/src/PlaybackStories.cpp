@@ -9,6 +9,7 @@ using Kind = TimelineEntry::Kind;
 constexpr int64_t stallUs = 1'000'000;
 constexpr int64_t lookIntervalUs = 200'000;
 constexpr int playing = 1;
+constexpr int refused = 400; // the first such HTTP status
 
 } // namespace
 
@@ -43,6 +44,11 @@ void PlaybackStories::tell(TimelineEntry entry, TimelineEntries& told) {
         case Kind::COMMAND:
             if (name == QLatin1String("SetSource")) {
                 story.url = entry.fields.value(QLatin1String("arguments")).toString();
+            }
+            break;
+        case Kind::REQUEST:
+            if (entry.fields.value(QLatin1String("status")).toInt() >= refused) {
+                story.url = entry.fields.value(QLatin1String("url")).toString();
             }
             break;
         default:

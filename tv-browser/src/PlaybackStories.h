@@ -20,7 +20,7 @@ private:
     struct Story {
         int player = -1;
         int state = 0;
-        QString url;                   ///< of the player's media
+        QString url;                   ///< of the player's media; of the request that a server has refused last
         QHash<QString, QString> reads; ///< by property, the last value
         int position = -1;             ///< that the player told last, milliseconds
         int64_t positionUs = 0;        ///< since when

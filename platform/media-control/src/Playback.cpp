@@ -62,7 +62,8 @@ int bufferLevel(GstMessage* message) {
 Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
     : m_context(context), m_settings(std::move(settings)),
       m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
-      m_videoSink(m_context.picture, m_settings.run), m_paused(m_settings.paused),
+      m_videoSink(m_context.picture, m_settings.run),
+      m_adaptiveRequests(m_context.thread, m_context.status.player(), m_settings.url), m_paused(m_settings.paused),
       m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
     report(eMEDIA_CALLBACK_CONNECTING);
     if (!buildPipeline()) {

@@ -2,6 +2,7 @@
 #ifndef MEDIA_CONTROL_PLAYBACK_H
 #define MEDIA_CONTROL_PLAYBACK_H
 
+#include "AdaptiveRequests.h"
 #include "Components.h"
 #include "GstPointer.h"
 #include "Picture.h"
@@ -118,6 +119,7 @@ private:
     SourcePtr m_watchdog;
     SourcePtr m_refreshTimer;
 
+    const AdaptiveRequests m_adaptiveRequests;
     bool m_prerolled = false;  // the pipeline has had its first picture: it can be shut down at once
     bool m_errorSeen = false;  // so has one that failed
     bool m_finished = false;   // the end of the media was reported
