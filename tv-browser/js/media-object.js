@@ -3,8 +3,13 @@
 (function(objects) {
   var eventTypes = ['PlayStateChange', 'PlayPositionChanged', 'PlaySpeedChanged', 'SelectedComponentChange'];
 
-  function no() {
-    return false;
+  // The answer of a method that does something, and why it does not.
+  function refuse(element, method) {
+    return function() {
+      objects.warn(method + '() is answered with false and does nothing: the object is ' +
+        (document.documentElement.contains(element) ? 'not displayed' : 'not in the document'));
+      return false;
+    };
   }
 
   function notOffered() {
@@ -20,14 +25,14 @@
       COMPONENT_TYPE_VIDEO: 0,
       COMPONENT_TYPE_AUDIO: 1,
       COMPONENT_TYPE_SUBTITLE: 2,
-      play: no,
-      stop: no,
-      seek: no,
-      next: no,
-      previous: no,
-      queue: no,
-      setFullScreen: no,
-      setVolume: no,
+      play: refuse(element, 'play'),
+      stop: refuse(element, 'stop'),
+      seek: refuse(element, 'seek'),
+      next: refuse(element, 'next'),
+      previous: refuse(element, 'previous'),
+      queue: refuse(element, 'queue'),
+      setFullScreen: refuse(element, 'setFullScreen'),
+      setVolume: refuse(element, 'setVolume'),
       getComponents: function() { return objects.emptyCollection(); },
       getCurrentActiveComponents: function() { return objects.emptyCollection(); },
       selectComponent: function() {},
