@@ -1,6 +1,8 @@
 // The real player on a real film over HTTP: what no scripted television can show.
 #include "player_fixture.h"
 
+#include "media_trace.h"
+
 using Player = PlayerTest;
 
 TEST_F(Player, PlaysWithAPositionThatGrowsAndAPictureThatFitsTheWindow) {
@@ -96,16 +98,30 @@ TEST_F(Player, EndsOnceAndStartsAgain) {
     EXPECT_EQ(-1, player.picture().timeMs);
 }
 
-TEST_F(Player, NamesTheKindOfAnError) {
-    const std::pair<std::string, int> cases[] = {{server->url("/missing.mp4"), 5},
-                                                 {"http://127.0.0.1:1/refused.mp4", 1},
-                                                 {server->url("/garbage"), 4},
-                                                 {server->url("/silent"), 1}};
-    for (const auto& [url, code] : cases) {
+TEST_F(Player, NamesTheKindAndTheCauseOfAnError) {
+    const struct {
+        std::string url, report;
+    } cases[] = {
+        {server->url("/missing.mp4"), "ERROR 5 (HTTP 404)"},
+        {"http://127.0.0.1:1/refused.mp4", "ERROR 1 (the connection is refused: no server answers at 127.0.0.1:1)"},
+        {"http://host.invalid/film.mp4", "ERROR 1 (no address is known for the host of host.invalid:80"},
+        {"https" + filmUrl.substr(4), "ERROR 1 (no secure connection to 127.0.0.1:"},
+        {server->url("/garbage"), "ERROR 4 ("},
+        {server->url("/silent"), "ERROR 1 (no data came for 10 seconds)"}};
+    std::string report;
+    const auto keep = [](const MediaTraceEntry* entry, void* last) {
+        if (entry->kind == MEDIA_TRACE_REPORT) {
+            *static_cast<std::string*>(last) = entry->text;
+        }
+    };
+    for (const auto& row : cases) {
         TestPlayer player;
-        player.start(url);
-        EXPECT_EQ(code, player.waitFor(eMEDIA_CALLBACK_ERROR)) << url;
-        EXPECT_EQ(-1, player.waitFor(eMEDIA_CALLBACK_ERROR, milliseconds(100))) << "a second time for " << url;
+        mediaTraceSetCallback(keep, &report);
+        player.start(row.url);
+        EXPECT_NE(-1, player.waitFor(eMEDIA_CALLBACK_ERROR)) << row.url;
+        mediaTraceSetCallback(nullptr, nullptr);
+        EXPECT_EQ(0u, report.find(row.report)) << row.url << ": " << report;
+        EXPECT_EQ(-1, player.waitFor(eMEDIA_CALLBACK_ERROR, milliseconds(100))) << "a second time for " << row.url;
     }
 }
 

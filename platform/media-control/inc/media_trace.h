@@ -15,8 +15,7 @@ typedef enum MediaTraceKind {
     MEDIA_TRACE_COMMAND,  /**< a call of the adaptation layer that changes the player; queries are not traced */
     MEDIA_TRACE_REPORT,   /**< a call of the player's callback */
     MEDIA_TRACE_NOTE,     /**< something a person should know, for example the cause of an error */
-    MEDIA_TRACE_REQUEST,  /**< a web server's answer to a request for a file, a manifest or a part of a file begins; the
-                             segments that a manifest names are not traced */
+    MEDIA_TRACE_REQUEST,  /**< a web server's answer to a request for a file, a playlist or a part of one begins */
     MEDIA_TRACE_BUFFERING /**< how full the player's buffer is; below 100 playback waits for it */
 } MediaTraceKind;
 

@@ -63,7 +63,7 @@ Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
     : m_context(context), m_settings(std::move(settings)),
       m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
       m_videoSink(m_context.picture, m_settings.run),
-      m_adaptiveRequests(m_context.thread, m_context.status.player(), m_settings.url), m_paused(m_settings.paused),
+      m_connections(m_context.thread, m_context.status.player(), m_settings.url), m_paused(m_settings.paused),
       m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
     report(eMEDIA_CALLBACK_CONNECTING);
     if (!buildPipeline()) {
@@ -142,7 +142,8 @@ void Playback::onMessage(GstMessage* message) {
     case GST_MESSAGE_ERROR: {
         m_errorSeen = true;
         const PlaybackError error = describeError(message);
-        fail(error.code, error.text);
+        const std::string cause = error.isVague ? m_connections.failure() : std::string();
+        fail(error.code, cause.empty() ? error.text : cause);
         break;
     }
     case GST_MESSAGE_EOS:

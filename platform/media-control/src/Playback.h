@@ -2,9 +2,9 @@
 #ifndef MEDIA_CONTROL_PLAYBACK_H
 #define MEDIA_CONTROL_PLAYBACK_H
 
-#include "AdaptiveRequests.h"
 #include "Components.h"
 #include "GstPointer.h"
+#include "MediaConnections.h"
 #include "Picture.h"
 #include "PlaybackError.h"
 #include "PlayerStatus.h"
@@ -119,7 +119,7 @@ private:
     SourcePtr m_watchdog;
     SourcePtr m_refreshTimer;
 
-    const AdaptiveRequests m_adaptiveRequests;
+    const MediaConnections m_connections;
     bool m_prerolled = false;  // the pipeline has had its first picture: it can be shut down at once
     bool m_errorSeen = false;  // so has one that failed
     bool m_finished = false;   // the end of the media was reported

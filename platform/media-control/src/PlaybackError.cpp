@@ -98,7 +98,7 @@ PlaybackError describeError(GstMessage* message) {
     }
     const Code code = codeOf(error.get(), details);
     if (code == Code::BAD_CONNECTION && error->domain == GST_STREAM_ERROR) {
-        return {code, "no connection to the server, or it broke off"}; // GStreamer says no more than that it failed
+        return {code, "no connection to the server, or it broke off", true};
     }
     return {code, error->message};
 }

@@ -20,7 +20,8 @@ enum class PlaybackErrorCode {
 
 struct PlaybackError {
     PlaybackErrorCode code;
-    std::string text; /**< the cause, for people */
+    std::string text;     /**< the cause, for people */
+    bool isVague = false; /**< GStreamer only says that the connection failed, not how */
 };
 
 /** @param message an error message. Only a pipeline's first tells the cause; what follows are its consequences. */
