@@ -63,7 +63,6 @@ double aspectRatioOf(const GstStructure* format) {
 Hbbtv_AL_ComponentInfo describe(GstStream* stream, AVComponentType type) {
     Hbbtv_AL_ComponentInfo info = {};
     info.type = type;
-    info.componentTag = -1;
     const CapsPtr caps(gst_stream_get_caps(stream));
     if (caps && gst_caps_get_size(caps.get()) > 0) {
         const GstStructure* format = gst_caps_get_structure(caps.get(), 0);
@@ -121,6 +120,7 @@ void Components::close() {
 void Components::forget(unsigned run) {
     m_run = run;
     m_collection.reset();
+    m_marks.clear();
     m_active = {};
 }
 
@@ -140,6 +140,19 @@ void Components::nameStreams() {
             ++m_lastPid;
         }
     }
+}
+
+void Components::setMarks(unsigned run, const TransportMarks& marks) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_marks = marks;
+    }
+}
+
+StreamMarks Components::marksOf(const std::string& stream) const {
+    const size_t end = stream.rfind('/');
+    const auto found = end == std::string::npos ? m_marks.end() : m_marks.find(stream.substr(end));
+    return found == m_marks.end() ? StreamMarks() : found->second;
 }
 
 void Components::setActive(unsigned run, const StreamSelection& active) {
@@ -162,6 +175,9 @@ std::vector<Components::Entry> Components::entries(AVComponentType type) const {
         GstStream* stream = gst_stream_collection_get_stream(m_collection.get(), i);
         if (componentType(stream) == type) {
             Entry entry = {gst_stream_get_stream_id(stream), describe(stream, type)};
+            const StreamMarks marks = marksOf(entry.stream);
+            entry.info.componentTag = marks.componentTag;
+            entry.info.audioDescription = marks.audioDescription;
             entry.info.pid = m_pids.at(entry.stream);
             entry.info.active = entry.stream == m_active[static_cast<size_t>(type)];
             found.push_back(std::move(entry));

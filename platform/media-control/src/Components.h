@@ -3,6 +3,7 @@
 #define MEDIA_CONTROL_COMPONENTS_H
 
 #include "GstPointer.h"
+#include "TransportMarks.h"
 #include "medialib_components.h"
 
 #include <array>
@@ -26,8 +27,9 @@ public:
     /** There is no media any more, and what a run tells late is ignored. */
     void close();
 
-    /** The media's streams; ignored unless its run is the open one, as for setActive. */
+    /** The media's streams; ignored unless its run is the open one, as for the next two. */
     void setCollection(unsigned run, CollectionPtr collection);
+    void setMarks(unsigned run, const TransportMarks& marks);
     void setActive(unsigned run, const StreamSelection& active);
     StreamSelection active() const;
 
@@ -47,11 +49,13 @@ private:
     };
     void forget(unsigned run);
     void nameStreams();
+    StreamMarks marksOf(const std::string& stream) const;
     std::vector<Entry> entries(AVComponentType type) const;
 
     mutable std::mutex m_mutex; // guards all below
     unsigned m_run = 0;         // 0: closed
     CollectionPtr m_collection;
+    TransportMarks m_marks;
     StreamSelection m_active;
     std::string m_url;                 // of the media that m_pids belongs to
     std::map<std::string, int> m_pids; // by stream id: the same for each run of a media

@@ -204,6 +204,10 @@ void Playback::onBuffering(GstMessage* message) {
 void Playback::onElementMessage(GstMessage* message) {
     if (!gst_is_missing_plugin_message(message)) {
         traceRequest(m_context.status.player(), message);
+        const TransportMarks marks = readTransportMarks(message);
+        if (!marks.empty()) {
+            m_context.components.setMarks(m_settings.run, marks);
+        }
         return;
     }
     const MissingPlugin missing = describeMissingPlugin(message);
