@@ -141,7 +141,7 @@ void Playback::onMessage(GstMessage* message) {
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR: {
         m_errorSeen = true;
-        const PlaybackError error = describeError(message);
+        const PlaybackError error = describeError(message, m_seeking.has_value());
         const std::string cause = error.isVague ? m_connections.failure() : std::string();
         fail(error.code, cause.empty() ? error.text : cause);
         break;

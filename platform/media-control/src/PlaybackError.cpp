@@ -76,7 +76,7 @@ Code codeOf(const GError* error, const GstStructure* details) {
 
 } // namespace
 
-PlaybackError describeError(GstMessage* message) {
+PlaybackError describeError(GstMessage* message, bool isSeeking) {
     GError* parsed = nullptr;
     gchar* debug = nullptr;
     gst_message_parse_error(message, &parsed, &debug);
@@ -95,6 +95,10 @@ PlaybackError describeError(GstMessage* message) {
     if (status >= 300) {
         return {Code::BAD_CONNECTION,
                 "the server sends the request round in a circle (HTTP " + std::to_string(status) + ")"};
+    }
+    if (!isSeeking && g_error_matches(error.get(), GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_SEEK)) {
+        return {Code::BAD_CONNECTION,
+                "the connection broke off, and the server does not go on in the middle of a file"};
     }
     const Code code = codeOf(error.get(), details);
     if (code == Code::BAD_CONNECTION && error->domain == GST_STREAM_ERROR) {

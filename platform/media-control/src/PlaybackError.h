@@ -24,8 +24,11 @@ struct PlaybackError {
     bool isVague = false; /**< GStreamer only says that the connection failed, not how */
 };
 
-/** @param message an error message. Only a pipeline's first tells the cause; what follows are its consequences. */
-PlaybackError describeError(GstMessage* message);
+/**
+ * @param message   an error message. Only a pipeline's first tells the cause; what follows are its consequences.
+ * @param isSeeking whether another position was asked for
+ */
+PlaybackError describeError(GstMessage* message, bool isSeeking);
 
 } // namespace media
 

@@ -220,7 +220,7 @@ gboolean SubtitleReader::onBusMessage(GstBus* /*bus*/, GstMessage* message, gpoi
     auto* self = static_cast<SubtitleReader*>(data);
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR:
-        self->finish(describeError(message).text);
+        self->finish(describeError(message, false).text);
         return G_SOURCE_REMOVE;
     case GST_MESSAGE_EOS:
         self->onEnd();
