@@ -67,7 +67,7 @@ TEST_F(LoopbackServerTest, ServesRangesAndRefusesThoseOutsideTheFile) {
     EXPECT_EQ(range("7-"), "206 bytes 7-9/10 789");
     EXPECT_EQ(range("-2"), "206 bytes 8-9/10 89");
     EXPECT_EQ(range("8-99"), "206 bytes 8-9/10 89");
-    EXPECT_EQ(range("10-"), "416 bytes */10 ");
+    EXPECT_EQ(range("10-"), "416 bytes */10 HTTP 416\n");
 }
 
 TEST_F(LoopbackServerTest, TakesAPortAgainThatIsFree) {

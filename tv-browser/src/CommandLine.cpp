@@ -26,8 +26,8 @@ Opens a page as an HbbTV television would. Files are served over HTTP on this ma
   --timeline FILE          write the same for programs, as JSON lines: docs/timeline.md
   --panel                  show the same beside the picture (F9)
   --inspect                open the engine's inspector (F12)
-  --fault PATTERN=FAULTS   local files that fit go wrong, as *.m4s=delay:3000,throttle:50000; may be
-                           repeated: docs/faults.md
+  --fault PATTERN=FAULTS   addresses that fit go wrong, as *.m4s=delay:3000,throttle:50000; not by
+                           https; may be repeated: docs/faults.md
   --inject LIST            player reports, seconds after the page is there: 5:buffering,8:error=3;
                            --inject help prints their names
 

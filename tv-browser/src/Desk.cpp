@@ -59,7 +59,7 @@ Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t start
     add(DeskAction::FULL_SCREEN, [&window] { window.toggleFullScreen(); });
     add(DeskAction::INSPECTOR, [this] { toggleInspector(); });
 
-    auto* faults = new FaultPanel(m_parts.server, commandLine.faults);
+    auto* faults = new FaultPanel(m_parts.faults, commandLine.faults);
     window.addPanel(faults, TvWindow::Side::LEFT);
     m_faults = new QAction(QStringLiteral("Server faults"), this);
     connect(m_faults, &QAction::triggered, faults, [&window, faults] {

@@ -14,7 +14,7 @@
 #include <memory>
 
 class AddressLine;
-class LoopbackServer;
+class NetworkFaults;
 class PictureNotice;
 class Timeline;
 class TvPage;
@@ -28,7 +28,7 @@ struct DeskParts {
     TvWindow& window;
     TvPage& page;
     TvScreen& screen;
-    LoopbackServer& server;
+    NetworkFaults& faults;
     Timeline& timeline;
 };
 

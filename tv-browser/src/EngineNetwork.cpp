@@ -1,5 +1,7 @@
 #include "EngineNetwork.h"
 
+#include <QNetworkCookieJar>
+#include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
@@ -44,14 +46,36 @@ bool PluginAddresses::take(const QUrl& url) {
 }
 
 EngineNetwork::EngineNetwork(PluginAddresses& addresses, QObject* parent)
-    : QNetworkAccessManager(parent), m_addresses(addresses) {}
+    : QNetworkAccessManager(parent), m_addresses(addresses) {
+    connect(&m_proxied, &QNetworkAccessManager::finished, this, &QNetworkAccessManager::finished);
+}
+
+void EngineNetwork::setProxy(int port, const QString& exceptAuthority) {
+    m_exceptAuthority = exceptAuthority;
+    QObject* owner = cookieJar()->parent();
+    m_proxied.setCookieJar(cookieJar());
+    cookieJar()->setParent(owner);
+    m_proxied.setProxy(port == 0 ? QNetworkProxy(QNetworkProxy::NoProxy)
+                                 : QNetworkProxy(QNetworkProxy::HttpCachingProxy, QStringLiteral("127.0.0.1"),
+                                                 static_cast<quint16>(port)));
+}
+
+bool EngineNetwork::goesThroughProxy(Operation operation, const QUrl& url) const {
+    return m_proxied.proxy().type() == QNetworkProxy::HttpCachingProxy && url.scheme() == QLatin1String("http") &&
+           url.authority() != m_exceptAuthority && (operation == GetOperation || operation == HeadOperation);
+}
 
 QNetworkReply* EngineNetwork::createRequest(Operation operation, const QNetworkRequest& request, QIODevice* data) {
     // The download for a plug-in, unlike the page's own requests, names no Referer.
     if (!request.hasRawHeader("Referer") && m_addresses.take(request.url())) {
         return QNetworkAccessManager::createRequest(operation, QNetworkRequest(), data);
     }
-    QNetworkReply* reply = QNetworkAccessManager::createRequest(operation, request, data);
+    QNetworkReply* reply = nullptr;
+    if (goesThroughProxy(operation, request.url())) {
+        reply = operation == GetOperation ? m_proxied.get(request) : m_proxied.head(request);
+    } else {
+        reply = QNetworkAccessManager::createRequest(operation, request, data);
+    }
     // Connected before the engine is, so that it reads what is written here.
     connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] { showAsXhtml(*reply); });
     return reply;

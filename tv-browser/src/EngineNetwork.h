@@ -1,6 +1,6 @@
 /**
- * The engine's network access: without the media, since a player fetches what an object's `data` names, and with the
- * content types of televisions' pages.
+ * The engine's network access: without the media, since a player fetches what an object's `data` names, with the
+ * content types of televisions' pages, and through a proxy that breaks things.
  */
 #ifndef ENGINENETWORK_H
 #define ENGINENETWORK_H
@@ -33,11 +33,22 @@ public:
     /** @param addresses outlives this object */
     explicit EngineNetwork(PluginAddresses& addresses, QObject* parent = nullptr);
 
+    /**
+     * Sends the requests for what is on other servers, those by plain HTTP, through a proxy on this machine.
+     * @param port where it listens; 0 for none
+     * @param exceptAuthority "host:port" of a server that is asked straight
+     */
+    void setProxy(int port, const QString& exceptAuthority);
+
 protected:
     QNetworkReply* createRequest(Operation operation, const QNetworkRequest& request, QIODevice* data) override;
 
 private:
+    bool goesThroughProxy(Operation operation, const QUrl& url) const;
+
     PluginAddresses& m_addresses;
+    QString m_exceptAuthority;
+    QNetworkAccessManager m_proxied; ///< Qt asks for the proxy later than it asks for a request
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "FaultPanel.h"
 
 #include "FaultRule.h"
+#include "NetworkFaults.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -43,8 +44,8 @@ QPushButton* makeButton(const char* text, QVBoxLayout& layout) {
 
 } // namespace
 
-FaultPanel::FaultPanel(LoopbackServer& server, const QStringList& rules)
-    : m_server(server), m_pattern(new QLineEdit(QStringLiteral("*"))), m_fault(new QComboBox), m_rules(new QListWidget),
+FaultPanel::FaultPanel(NetworkFaults& faults, const QStringList& rules)
+    : m_faults(faults), m_pattern(new QLineEdit(QStringLiteral("*"))), m_fault(new QComboBox), m_rules(new QListWidget),
       m_problem(new QLabel) {
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QString::fromLatin1(panelStyle));
@@ -59,7 +60,7 @@ FaultPanel::FaultPanel(LoopbackServer& server, const QStringList& rules)
     m_problem->setWordWrap(true);
 
     auto* layout = new QVBoxLayout(this);
-    auto* title = new QLabel(QStringLiteral("Faults of the server for local files"));
+    auto* title = new QLabel(QStringLiteral("Faults of the servers, but not of those by https"));
     title->setWordWrap(true);
     layout->addWidget(title);
     layout->addWidget(new QLabel(QStringLiteral("Address, for example *.m4s")));
@@ -102,5 +103,5 @@ void FaultPanel::applyRules() {
         QString wrong;
         rules.push_back(*parseFaultRule(m_rules->item(row)->text(), wrong));
     }
-    m_server.setFaults(std::move(rules));
+    m_problem->setText(m_faults.set(rules) ? QString() : QStringLiteral("No port is free: only local files go wrong"));
 }

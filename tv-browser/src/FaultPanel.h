@@ -1,5 +1,5 @@
 /**
- * The faults of the server for local files, to switch on and off while a page runs.
+ * The faults of servers, to switch on and off while a page runs.
  */
 #ifndef FAULTPANEL_H
 #define FAULTPANEL_H
@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <QWidget>
 
-class LoopbackServer;
+class NetworkFaults;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -17,10 +17,10 @@ class FaultPanel : public QWidget {
     Q_OBJECT
 public:
     /**
-     * @param server outlives the panel
-     * @param rules  that the server has at the start: `PATTERN=FAULTS` each
+     * @param faults outlives the panel
+     * @param rules  those that are there at the start: `PATTERN=FAULTS` each
      */
-    FaultPanel(LoopbackServer& server, const QStringList& rules);
+    FaultPanel(NetworkFaults& faults, const QStringList& rules);
 
     QSize sizeHint() const override;
 
@@ -28,7 +28,7 @@ private:
     void addRule();
     void applyRules();
 
-    LoopbackServer& m_server;
+    NetworkFaults& m_faults;
     QLineEdit* m_pattern;
     QComboBox* m_fault;
     QListWidget* m_rules;

@@ -1,5 +1,5 @@
 /**
- * Faults of the server for local files, by address pattern, as a person writes them.
+ * Faults of servers, by address pattern, as a person writes them.
  */
 #ifndef FAULTRULE_H
 #define FAULTRULE_H

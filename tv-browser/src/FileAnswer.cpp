@@ -1,7 +1,6 @@
 #include "FileAnswer.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <fstream>
 #include <map>
@@ -10,10 +9,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr size_t chunkBytes = 64 * size_t{1024};
-constexpr int throttleStepMs = 50;
-constexpr int stallStepMs = 100;
 
 /**
  * Makes the request's ranges fit the file, which the library leaves to its caller.
@@ -34,54 +29,23 @@ bool fitRanges(httplib::Ranges& ranges, ssize_t size) {
     return true;
 }
 
-/** Sends a file's bytes, up to the fault that it has. */
-class Content {
-public:
-    Content(const fs::path& file, ServerFault fault, ServerPause pause)
-        : m_stream(file, std::ios::binary), m_fault(std::move(fault)), m_pause(std::move(pause)) {}
-
-    bool isOpen() const { return m_stream.is_open(); }
-
-    /** @return false when the connection is to end */
-    bool send(size_t offset, size_t length, httplib::DataSink& sink) {
-        if (m_fault.cut && offset >= *m_fault.cut) {
-            return false;
-        }
-        if (m_fault.stall && offset >= *m_fault.stall) {
-            return m_pause(stallStepMs) && sink.is_writable();
-        }
-        uint64_t count = std::min<uint64_t>(length, m_chunk.size());
-        for (const auto& end : {m_fault.cut, m_fault.stall}) {
-            count = end ? std::min(count, *end - offset) : count;
-        }
-        if (m_fault.bytesPerSecond > 0) {
-            count = std::clamp<uint64_t>(m_fault.bytesPerSecond * throttleStepMs / 1000, 1, count);
-        }
-        m_stream.clear();
-        m_stream.seekg(static_cast<std::streamoff>(offset));
-        m_stream.read(m_chunk.data(), static_cast<std::streamsize>(count));
-        const auto read = static_cast<size_t>(m_stream.gcount());
-        if (read == 0 || !sink.write(m_chunk.data(), read)) {
-            return false;
-        }
-        return m_fault.bytesPerSecond == 0 || m_pause(static_cast<int>(read * 1000 / m_fault.bytesPerSecond));
-    }
-
-private:
-    std::ifstream m_stream;
-    const ServerFault m_fault;
-    const ServerPause m_pause;
-    std::array<char, chunkBytes> m_chunk{};
-};
+FaultyContent::Read readerOf(const std::shared_ptr<std::ifstream>& stream) {
+    return [stream](uint64_t offset, char* to, size_t size) {
+        stream->clear();
+        stream->seekg(static_cast<std::streamoff>(offset));
+        stream->read(to, static_cast<std::streamsize>(size));
+        return static_cast<size_t>(stream->gcount());
+    };
+}
 
 } // namespace
 
 void answerWithFile(const httplib::Request& request, httplib::Response& response, const fs::path& file,
                     const ServerFault& fault, const ServerPause& pause) {
-    const auto content = std::make_shared<Content>(file, fault, pause);
+    const auto stream = std::make_shared<std::ifstream>(file, std::ios::binary);
     std::error_code error;
     const auto size = static_cast<ssize_t>(fs::file_size(file, error));
-    if (error || !content->isOpen()) {
+    if (error || !stream->is_open()) {
         response.status = 403;
         return;
     }
@@ -103,6 +67,7 @@ void answerWithFile(const httplib::Request& request, httplib::Response& response
         response.set_content(std::string(), type);
         return;
     }
+    const auto content = std::make_shared<FaultyContent>(readerOf(stream), fault, pause);
     response.set_content_provider(static_cast<size_t>(size), type,
                                   [content](size_t offset, size_t length, httplib::DataSink& sink) {
                                       return content->send(offset, length, sink);

@@ -2,14 +2,10 @@
 #ifndef FILEANSWER_H
 #define FILEANSWER_H
 
-#include "ServerFault.h"
+#include "FaultyContent.h"
 
 #include <filesystem>
-#include <functional>
 #include <httplib.h>
-
-/** Waits. @return false at once when the server ends */
-using ServerPause = std::function<bool(int milliseconds)>;
 
 /**
  * Answers a GET or HEAD request with a file's content, or the range of it that is asked for.

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <fnmatch.h>
 #include <fstream>
 #include <httplib.h>
 #include <map>
@@ -84,10 +83,7 @@ std::optional<ServerFault> LoopbackServer::Private::faultOf(const httplib::Reque
                                                             httplib::Response& response) {
     if (!request.has_param("fault")) {
         const std::lock_guard<std::mutex> lock(mutex);
-        const auto rule = std::find_if(faultRules.begin(), faultRules.end(), [&request](const ServerFaultRule& each) {
-            return fnmatch(each.pattern.c_str(), request.path.c_str(), 0) == 0;
-        });
-        return rule != faultRules.end() ? rule->fault : ServerFault();
+        return faultFor(faultRules, {request.path, "http://127.0.0.1:" + std::to_string(port) + request.path});
     }
     std::string wrong;
     const std::optional<ServerFault> fault = parseServerFault(request.get_param_value("fault"), wrong);
@@ -170,9 +166,16 @@ void LoopbackServer::setFaults(std::vector<ServerFaultRule> rules) {
 int LoopbackServer::start(int wantedPort) {
     d->server.new_task_queue = [] { return new httplib::ThreadPool(poolThreads); };
     d->server.set_keep_alive_timeout(keepAliveSeconds);
+    d->server.set_tcp_nodelay(true);
     d->server.set_write_timeout(writeTimeoutSeconds);
     d->server.Get(".*", [this](const httplib::Request& request, httplib::Response& response) {
         d->answer(request, response, *this);
+    });
+    // An error without content the engine would hide from the page's script.
+    d->server.set_error_handler([](const httplib::Request& /*request*/, httplib::Response& response) {
+        if (response.body.empty()) {
+            response.set_content("HTTP " + std::to_string(response.status) + "\n", "text/plain");
+        }
     });
     // The library's own options would let two programs share a port.
     d->server.set_socket_options([](socket_t socket) {

@@ -11,12 +11,6 @@
 #include <string>
 #include <vector>
 
-/** Which files have a fault. */
-struct ServerFaultRule {
-    std::string pattern; /**< of the address's path, as a shell has it: "*.m4s" or "/media/film.mp4" */
-    ServerFault fault;
-};
-
 /**
  * Any file's address takes `?fault=...` (see parseServerFault), and that of an HLS playlist `?live`, which makes
  * it the list of a live stream that began with the server.

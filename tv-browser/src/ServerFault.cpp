@@ -1,6 +1,7 @@
 #include "ServerFault.h"
 
 #include <algorithm>
+#include <fnmatch.h>
 #include <sstream>
 
 namespace {
@@ -59,4 +60,15 @@ std::optional<ServerFault> parseServerFault(const std::string& text, std::string
         }
     }
     return fault;
+}
+
+ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vector<std::string>& names) {
+    for (const ServerFaultRule& rule : rules) {
+        for (const std::string& name : names) {
+            if (fnmatch(rule.pattern.c_str(), name.c_str(), 0) == 0) {
+                return rule.fault;
+            }
+        }
+    }
+    return {};
 }

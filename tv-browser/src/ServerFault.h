@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 struct ServerFault {
     int delayMs = 0;               /**< before the answer */
@@ -19,6 +20,15 @@ struct ServerFault {
     bool ignoreRanges = false;     /**< always the whole file */
     bool silent = false;           /**< no answer at all */
 };
+
+/** Which addresses have a fault. */
+struct ServerFaultRule {
+    std::string pattern; /**< of the path or of the whole address, as a shell has it: "*.m4s" or "/media/film.mp4" */
+    ServerFault fault;
+};
+
+/** @return the fault of the first rule that fits one of the names; else none */
+ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vector<std::string>& names);
 
 /**
  * Reads faults as a person writes them: "delay:2000,throttle:50000".

@@ -30,7 +30,7 @@ int toMilliseconds(double seconds) {
 
 Television::Television(const CommandLine& commandLine, int64_t startUs)
     : m_commandLine(commandLine), m_startUs(startUs), m_profile(commandLine.profileFolder, commandLine.userAgent),
-      m_page(m_profile), m_screen(m_page) {
+      m_page(m_profile), m_faults(m_server, m_page.network()), m_screen(m_page) {
     keepTimeline();
     m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
     connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
@@ -45,7 +45,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
         m_window = std::make_unique<TvWindow>(m_screen);
         connect(m_window.get(), &TvWindow::remoteKey, this, &Television::sendKey);
         m_desk =
-            std::make_unique<Desk>(DeskParts{*m_window, m_page, m_screen, m_server, *m_timeline}, commandLine, startUs);
+            std::make_unique<Desk>(DeskParts{*m_window, m_page, m_screen, m_faults, *m_timeline}, commandLine, startUs);
         connect(m_desk.get(), &Desk::remoteKey, this, &Television::sendKey);
         connect(m_desk.get(), &Desk::addressEntered, this, &Television::openAddress);
         connect(m_desk.get(), &Desk::firstStartWanted, this, [this] { restart(m_commandLine.target, true); });
@@ -77,6 +77,7 @@ int Television::run(const QString& pluginModule) {
     if (!serve(url)) {
         return 1;
     }
+    setFaults(url);
     if (m_commandLine.headless && (m_commandLine.panel || m_commandLine.inspect)) {
         complain(QStringLiteral("--panel and --inspect have no effect without a window"));
     }
@@ -139,23 +140,12 @@ bool Television::serve(QUrl& url) {
         }
     }
     if (isAddress && m_commandLine.mounts.isEmpty()) {
-        if (!m_commandLine.faults.isEmpty()) {
-            complain(
-                QStringLiteral("--fault has no effect: it is for files that this program serves, from FILE, FOLDER "
-                               "or --mount"));
-        }
         return true;
     }
     if (!isAddress) {
         const QString folder = target.isDir() ? target.filePath() : target.path();
         m_server.mount(std::string(), folder.toLocal8Bit().toStdString());
     }
-    std::vector<ServerFaultRule> faults;
-    for (const QString& rule : m_commandLine.faults) {
-        QString wrong;
-        faults.push_back(*parseFaultRule(rule, wrong)); // The command line has looked at it.
-    }
-    m_server.setFaults(std::move(faults));
     const int wantedPort = m_profile.localPort();
     const int port = m_server.start(wantedPort);
     if (port == 0) {
@@ -171,11 +161,25 @@ bool Television::serve(QUrl& url) {
                 .arg(wantedPort));
     }
     m_serverAddress = QStringLiteral("http://127.0.0.1:%1").arg(port);
+    m_faults.serverStarted("127.0.0.1:" + std::to_string(port));
     if (!isAddress) {
         url = QUrl(m_serverAddress);
         url.setPath(QLatin1Char('/') + (target.isDir() ? QString() : target.fileName()), QUrl::DecodedMode);
     }
     return true;
+}
+
+void Television::setFaults(const QUrl& url) {
+    std::vector<ServerFaultRule> rules;
+    for (const QString& rule : m_commandLine.faults) {
+        QString wrong;
+        rules.push_back(*parseFaultRule(rule, wrong)); // The command line has looked at it.
+    }
+    if (!m_faults.set(rules)) {
+        complain(QStringLiteral("--fault: no port is free on 127.0.0.1, so that only local files go wrong"));
+    } else if (!rules.empty() && url.scheme() == QLatin1String("https")) {
+        complain(QStringLiteral("--fault: what is asked for by https does not go wrong, as this page"));
+    }
 }
 
 /** @return the file behind an address of the own server, which an author can open in an editor; else the address */

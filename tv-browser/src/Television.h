@@ -8,6 +8,7 @@
 #include "Desk.h"
 #include "KeyHold.h"
 #include "LoopbackServer.h"
+#include "NetworkFaults.h"
 #include "Profile.h"
 #include "ScreenProbe.h"
 #include "Timeline.h"
@@ -47,6 +48,7 @@ public:
 private:
     void keepTimeline();
     bool serve(QUrl& url);
+    void setFaults(const QUrl& url);
     QString addressName(const QUrl& url) const;
     void pageLoaded();
     void pageFailed(const QString& reason);
@@ -67,6 +69,7 @@ private:
     QString m_serverAddress;              // A page that goes while it loads still names its address.
     Profile m_profile;
     TvPage m_page;
+    NetworkFaults m_faults;
     TvScreen m_screen;
     std::unique_ptr<ScreenProbe> m_probe;
     std::unique_ptr<TvWindow> m_window;

@@ -33,6 +33,8 @@ public:
     /** Starts loading; loaded() or loadFailed() follows. */
     void open(const QUrl& url);
 
+    EngineNetwork& network() { return m_network; }
+
     /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
     QString mediaPluginFile();
 

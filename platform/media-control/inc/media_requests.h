@@ -38,6 +38,15 @@ void mediaRequestsSetCookieCallback(MediaRequestsCookieCallback callback, void* 
 void mediaRequestsSetBaseUrl(const char* url);
 
 /**
+ * Sends plain HTTP requests through a proxy (RFC 9110, 3.7); those by https go as the system says. Holds for all
+ * connections of the process that go through GLib, from the next one on. The first call must come before the first
+ * media.
+ * @param proxy  "http://host:port"; null or empty for what the system says
+ * @param except "host:port" of a server whose requests go as the system says; null or empty for none
+ */
+void mediaRequestsSetProxy(const char* proxy, const char* except);
+
+/**
  * Makes https servers trusted whose certificate is in a file, or is signed by one of it, beside those that the system
  * trusts. Holds for all connections of the process that go through GLib, for ever. To be called before the first media.
  * @param pemFile path of a PEM file with one certificate or several

@@ -3,6 +3,7 @@
 #include "Export.h"
 #include "GstPointer.h"
 #include "MediaLog.h"
+#include "RequestProxy.h"
 #include "TrustedCertificates.h"
 #include "media_requests.h"
 
@@ -88,6 +89,10 @@ MEDIA_EXPORT void mediaRequestsSetCookieCallback(MediaRequestsCookieCallback cal
 MEDIA_EXPORT void mediaRequestsSetBaseUrl(const char* url) {
     const std::lock_guard<std::mutex> lock(media::settings().mutex);
     media::settings().baseUrl = url ? url : "";
+}
+
+MEDIA_EXPORT void mediaRequestsSetProxy(const char* proxy, const char* except) {
+    media::setRequestProxy(proxy ? proxy : "", except ? except : "");
 }
 
 MEDIA_EXPORT int mediaRequestsTrustCertificate(const char* pemFile) {
