@@ -55,12 +55,15 @@ FaultPanel::FaultPanel(NetworkFaults& faults, const QStringList& rules)
     for (const char* example : examples) {
         m_fault->addItem(QString::fromLatin1(example));
     }
+    m_rules->setWordWrap(true);
+    m_rules->setTextElideMode(Qt::ElideMiddle);
+    m_rules->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_rules->addItems(rules);
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
 
     auto* layout = new QVBoxLayout(this);
-    auto* title = new QLabel(QStringLiteral("Faults of the servers, but not of those by https"));
+    auto* title = new QLabel(QStringLiteral("Faults of all servers by http, not by https"));
     title->setWordWrap(true);
     layout->addWidget(title);
     layout->addWidget(new QLabel(QStringLiteral("Address, for example *.m4s")));
