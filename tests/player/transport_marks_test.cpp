@@ -7,7 +7,7 @@
 
 namespace {
 
-GstMpegtsPMTStream* stream(guint16 pid, std::vector<GstMpegtsDescriptor*> descriptors) {
+GstMpegtsPMTStream* stream(guint16 pid, const std::vector<GstMpegtsDescriptor*>& descriptors) {
     GstMpegtsPMTStream* made = gst_mpegts_pmt_stream_new();
     made->pid = pid;
     for (GstMpegtsDescriptor* descriptor : descriptors) {
@@ -21,7 +21,7 @@ GstMpegtsDescriptor* descriptor(guint8 tag, const std::vector<guint8>& content) 
 }
 
 /** A DVB supplementary audio descriptor, which says neither mix type nor language. */
-GstMpegtsDescriptor* supplement(std::vector<guint8> classification) {
+GstMpegtsDescriptor* supplement(const std::vector<guint8>& classification) {
     return gst_mpegts_descriptor_from_custom_with_extension(0x7f, 0x06, classification.data(), classification.size());
 }
 

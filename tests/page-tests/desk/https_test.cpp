@@ -1,4 +1,6 @@
 // Pages of a real server: https with a certificate of its own, redirects, content types, cookies, media.
+#include "environment.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -17,13 +19,6 @@ namespace {
 
 using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
 using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
-
-/// @return the variable's value, which the test's registration sets
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    EXPECT_NE(nullptr, value) << name << " is not set; run the test with ctest";
-    return value ? value : "";
-}
 
 /// A certificate for 127.0.0.1, signed by itself.
 Certificate newCertificate(EVP_PKEY* key) {
