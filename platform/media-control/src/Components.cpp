@@ -120,7 +120,7 @@ void Components::close() {
 void Components::forget(unsigned run) {
     m_run = run;
     m_collection.reset();
-    m_marks.clear();
+    m_marks.reset();
     m_active = {};
 }
 
@@ -142,17 +142,11 @@ void Components::nameStreams() {
     }
 }
 
-void Components::setMarks(unsigned run, const TransportMarks& marks) {
+void Components::setMarks(unsigned run, std::shared_ptr<const TransportMarks> marks) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (run == m_run) {
-        m_marks = marks;
+        m_marks = std::move(marks);
     }
-}
-
-StreamMarks Components::marksOf(const std::string& stream) const {
-    const size_t end = stream.rfind('/');
-    const auto found = end == std::string::npos ? m_marks.end() : m_marks.find(stream.substr(end));
-    return found == m_marks.end() ? StreamMarks() : found->second;
 }
 
 void Components::setActive(unsigned run, const StreamSelection& active) {
@@ -175,7 +169,7 @@ std::vector<Components::Entry> Components::entries(AVComponentType type) const {
         GstStream* stream = gst_stream_collection_get_stream(m_collection.get(), i);
         if (componentType(stream) == type) {
             Entry entry = {gst_stream_get_stream_id(stream), describe(stream, type)};
-            const StreamMarks marks = marksOf(entry.stream);
+            const StreamMarks marks = m_marks ? m_marks->of(entry.stream) : StreamMarks();
             entry.info.componentTag = marks.componentTag;
             entry.info.audioDescription = marks.audioDescription;
             entry.info.pid = m_pids.at(entry.stream);

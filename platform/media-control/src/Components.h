@@ -8,6 +8,7 @@
 
 #include <array>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -29,7 +30,7 @@ public:
 
     /** The media's streams; ignored unless its run is the open one, as for the next two. */
     void setCollection(unsigned run, CollectionPtr collection);
-    void setMarks(unsigned run, const TransportMarks& marks);
+    void setMarks(unsigned run, std::shared_ptr<const TransportMarks> marks);
     void setActive(unsigned run, const StreamSelection& active);
     StreamSelection active() const;
 
@@ -49,13 +50,12 @@ private:
     };
     void forget(unsigned run);
     void nameStreams();
-    StreamMarks marksOf(const std::string& stream) const;
     std::vector<Entry> entries(AVComponentType type) const;
 
     mutable std::mutex m_mutex; // guards all below
     unsigned m_run = 0;         // 0: closed
     CollectionPtr m_collection;
-    TransportMarks m_marks;
+    std::shared_ptr<const TransportMarks> m_marks; // null for none
     StreamSelection m_active;
     std::string m_url;                 // of the media that m_pids belongs to
     std::map<std::string, int> m_pids; // by stream id: the same for each run of a media

@@ -2,7 +2,6 @@
 
 #include "GstPointer.h"
 
-#include <gst/mpegts/mpegts.h>
 #include <gst/pbutils/pbutils.h>
 #include <initializer_list>
 
@@ -29,7 +28,6 @@ std::string start() {
         return std::string("GStreamer does not start: ") + (error ? error->message : "no reason given");
     }
     gst_pb_utils_init();
-    gst_mpegts_initialize();
     preferOwnHttpSource();
     for (const char* name : {"souphttpsrc", "qtdemux", "h264parse", "avdec_h264", "avdec_aac"}) {
         const ElementPtr element(gst_element_factory_make(name, nullptr));

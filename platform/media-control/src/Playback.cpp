@@ -95,7 +95,9 @@ bool Playback::buildPipeline() {
     m_audioSink.reset(audioSink);
     g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
                  "text-sink", textSink, nullptr);
-    setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity});
+    const auto marks = std::make_shared<TransportMarks>();
+    m_context.components.setMarks(m_settings.run, marks);
+    setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity, marks});
     noteActivity(m_videoSink.element(), "sink", m_lastActivity);
     noteActivity(audioSink, "sink", m_lastActivity);
     m_pipeline = std::move(pipeline);
@@ -204,10 +206,6 @@ void Playback::onBuffering(GstMessage* message) {
 void Playback::onElementMessage(GstMessage* message) {
     if (!gst_is_missing_plugin_message(message)) {
         traceRequest(m_context.status.player(), message);
-        const TransportMarks marks = readTransportMarks(message);
-        if (!marks.empty()) {
-            m_context.components.setMarks(m_settings.run, marks);
-        }
         return;
     }
     const MissingPlugin missing = describeMissingPlugin(message);

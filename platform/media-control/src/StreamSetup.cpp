@@ -2,6 +2,7 @@
 
 #include "GstPointer.h"
 #include "MediaRequests.h"
+#include "ProgramMapReader.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -45,11 +46,31 @@ void unlinkDownload(GObject* buffer, GParamSpec* /*property*/, gpointer /*data*/
     }
 }
 
-void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer /*data*/) {
+GstPadProbeReturn onTransportData(GstPad* /*pad*/, GstPadProbeInfo* info, gpointer reader) {
+    GstBuffer* buffer = GST_PAD_PROBE_INFO_BUFFER(info);
+    GstMapInfo bytes = GST_MAP_INFO_INIT;
+    if (!buffer || !gst_buffer_map(buffer, &bytes, GST_MAP_READ)) {
+        return GST_PAD_PROBE_OK;
+    }
+    const bool wantsMore = static_cast<ProgramMapReader*>(reader)->read(bytes.data, bytes.size);
+    gst_buffer_unmap(buffer, &bytes);
+    return wantsMore ? GST_PAD_PROBE_OK : GST_PAD_PROBE_REMOVE;
+}
+
+void readProgramMap(GstElement* demuxer, const std::shared_ptr<TransportMarks>& marks) {
+    const PadPtr pad(gst_element_get_static_pad(demuxer, "sink"));
+    gst_pad_add_probe(pad.get(), GST_PAD_PROBE_TYPE_BUFFER, &onTransportData, new ProgramMapReader(marks),
+                      &deleteUserData<ProgramMapReader>);
+}
+
+void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer data) {
     const GstElementFactory* factory = gst_element_get_factory(element);
-    if (factory && g_str_equal(GST_OBJECT_NAME(factory), "downloadbuffer")) {
+    const std::string kind = factory ? GST_OBJECT_NAME(factory) : "";
+    if (kind == "downloadbuffer") {
         g_object_set(element, "max-size-bytes", START_BYTES, nullptr);
         g_signal_connect(element, "notify::temp-location", G_CALLBACK(&unlinkDownload), nullptr);
+    } else if (kind == "tsdemux") {
+        readProgramMap(element, static_cast<const StreamSettings*>(data)->transportMarks);
     }
 }
 
@@ -68,7 +89,8 @@ void setUpStreams(GstElement* playbin, const StreamSettings& settings) {
     gst_util_set_object_arg(G_OBJECT(playbin), "flags", std::to_string(playFlags()).c_str());
     g_signal_connect_data(playbin, "source-setup", G_CALLBACK(&onSourceSetup), new StreamSettings(settings),
                           &deleteClosureData<StreamSettings>, GConnectFlags(0));
-    g_signal_connect(playbin, "element-setup", G_CALLBACK(&onElementSetup), nullptr);
+    g_signal_connect_data(playbin, "element-setup", G_CALLBACK(&onElementSetup), new StreamSettings(settings),
+                          &deleteClosureData<StreamSettings>, GConnectFlags(0));
 }
 
 } // namespace media

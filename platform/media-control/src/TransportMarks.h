@@ -2,8 +2,8 @@
 #ifndef MEDIA_CONTROL_TRANSPORTMARKS_H
 #define MEDIA_CONTROL_TRANSPORTMARKS_H
 
-#include <gst/gst.h>
 #include <map>
+#include <mutex>
 #include <string>
 
 namespace media {
@@ -13,11 +13,17 @@ struct StreamMarks {
     bool audioDescription = false;
 };
 
-/** By the end of the id that GStreamer's demuxer gives a stream: "/" and its PID in eight hexadecimal digits. */
-using TransportMarks = std::map<std::string, StreamMarks>;
+class TransportMarks {
+public:
+    void set(int pid, const StreamMarks& marks);
 
-/** @param message an element message @return empty unless it brings a program map */
-TransportMarks readTransportMarks(GstMessage* message);
+    /** @param stream id that GStreamer's demuxer gives a stream: it ends in "/" and the PID in hexadecimal digits */
+    StreamMarks of(const std::string& stream) const;
+
+private:
+    mutable std::mutex m_mutex; // guards all below
+    std::map<int, StreamMarks> m_marks;
+};
 
 } // namespace media
 
