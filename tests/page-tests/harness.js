@@ -33,12 +33,13 @@ function expectNear(actual, wanted, tolerance, what) {
   }
 }
 
-// An object in the page, with the play states that its handler was told in `states`.
-function newObject(data, type) {
+// An object in the page, with these children, and with the play states that its handler was told in `states`.
+function newObject(data, type, children) {
   var video = document.createElement('object');
   video.type = type || 'video/mp4';
   video.width = 320;
   video.height = 180;
+  (children || []).forEach(function(child) { video.appendChild(child); });
   if (data) {
     video.data = data;
   }
@@ -48,6 +49,11 @@ function newObject(data, type) {
     video.states.push(state);
   };
   return video;
+}
+
+// A property of each of some components.
+function each(components, property) {
+  return [].map.call(components, function(component) { return component[property]; });
 }
 
 // Runs steps one after the other. Each gets the function that it calls when it is done.

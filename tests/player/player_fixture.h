@@ -11,6 +11,7 @@
 #include <condition_variable>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <malloc.h>
@@ -28,11 +29,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds PATIENCE(20'000);
 constexpr int64_t FRAME_MS = 40;
 
-inline fs::path film() {
-    const char* path = std::getenv("AVCONTROL_MEDIA");
-    return path ? path : FILM;
-}
-
 /** Waits until a condition holds, at most PATIENCE. @return whether it does */
 template <class Condition> bool comesToHold(Condition condition) {
     const auto limit = std::chrono::steady_clock::now() + PATIENCE;
@@ -45,16 +41,13 @@ template <class Condition> bool comesToHold(Condition condition) {
     return true;
 }
 
-/** A web server with the film, and with what a film must not be. */
+/** A web server with the films, and with one that never comes. */
 class Server {
 public:
     Server() {
         m_server.new_task_queue = [] { return new httplib::ThreadPool(64); };
         m_server.set_keep_alive_timeout(1);
-        m_server.set_mount_point("/", film().parent_path().string());
-        m_server.Get("/garbage", [](const httplib::Request&, httplib::Response& response) {
-            response.set_content(std::string(100'000, '\x5a'), "video/mp4");
-        });
+        m_server.set_mount_point("/", MEDIA);
         m_server.Get("/silent", [this](const httplib::Request&, httplib::Response&) {
             while (!m_ending) {
                 std::this_thread::sleep_for(milliseconds(50));
@@ -184,12 +177,12 @@ private:
 class PlayerTest : public testing::Test {
 protected:
     static void SetUpTestSuite() {
-        ASSERT_TRUE(fs::exists(film())) << film() << " is missing: run scripts/make-media build/media";
+        ASSERT_TRUE(fs::exists(MEDIA "/film.mp4")) << "run scripts/make-media " MEDIA;
         ASSERT_TRUE(fs::exists(TEST_MEDIA)) << "run scripts/make-test-media " TEST_MEDIA;
         setenv("AVCONTROL_AUDIO_SINK", "fakesink sync=true", 0); // the same on every machine
         server = std::make_unique<Server>();
         server->mount(TEST_MEDIA);
-        filmUrl = server->url("/" + film().filename().string());
+        filmUrl = server->url("/film.mp4");
     }
     static void TearDownTestSuite() { server.reset(); }
 
@@ -221,15 +214,24 @@ struct Traces {
     }
 };
 
-/** Starts and stops each address in turn, later and later after its start. */
-inline void stopAtAnyMoment(const std::vector<std::string>& urls, int lastMs, int stepMs) {
-    const auto round = [](const std::string& url, int delayMs) {
+/**
+ * Starts and stops each address in turn, later and later after its start.
+ * @param started called after each start
+ */
+inline void stopAtAnyMoment(
+    const std::vector<std::string>& urls, int lastMs, int stepMs,
+    const std::function<void(const TestPlayer&)>& started = [](const TestPlayer&) {}) {
+    const auto round = [&started](const std::string& url, int delayMs) {
         TestPlayer player;
         for (int i = 0; i < 3; ++i) {
             player.start(url);
+            started(player);
             std::this_thread::sleep_for(milliseconds(delayMs));
             if (i == 1) {
                 Hbbtv_AL_MediaPlayerSeek(player.handle, 10'000);
+            } else if (i == 2) {
+                Hbbtv_AL_MediaPlayerUnselectAVComponentByType(player.handle, AV_COMPONENT_TYPE_AUDIO);
+                Hbbtv_AL_MediaPlayerSetSpeed(player.handle, 2);
             }
             ASSERT_EQ(1, Hbbtv_AL_MediaPlayerStop(player.handle));
         }

@@ -153,23 +153,10 @@ TEST_F(Subtitles, ThatCannotBeReadAreGoneAndTheFilmPlaysOn) {
 }
 
 TEST_F(Subtitles, AreLeftAtAnyMomentOfTheirReading) {
-    const auto round = [](int delayMs) {
-        TestPlayer player;
-        add(player, server->url("/webvtt.srt"));
-        add(player, server->url("/ttml.txt"));
-        add(player, server->url("/endless.vtt"));
-        for (int i = 0; i < 2; ++i) {
-            player.start(filmUrl);
-            Hbbtv_AL_MediaPlayerSelectDefaultAVComponent(player.handle, AV_COMPONENT_TYPE_SUBTITLE);
-            std::this_thread::sleep_for(milliseconds(delayMs));
-            Hbbtv_AL_MediaPlayerStop(player.handle);
+    stopAtAnyMoment({filmUrl}, 60, 3, [](const TestPlayer& player) {
+        for (const char* name : {"/webvtt.srt", "/ttml.txt", "/endless.vtt"}) {
+            add(player, server->url(name));
         }
-    };
-    round(500); // what stays for good is there after the first
-    std::this_thread::sleep_for(milliseconds(2500));
-    const Traces before;
-    for (int delayMs = 0; delayMs < 60; delayMs += 3) {
-        round(delayMs);
-    }
-    before.expectNoMore();
+        Hbbtv_AL_MediaPlayerSelectDefaultAVComponent(player.handle, AV_COMPONENT_TYPE_SUBTITLE);
+    });
 }

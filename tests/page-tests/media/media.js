@@ -38,11 +38,7 @@ function near(actual, wanted, tolerance) {
 
 // The one of some components that has a language.
 function inLanguage(components, language) {
-  for (var i = 0; i < components.length; ++i) {
-    if (components[i].language === language) {
-      return components[i];
-    }
-  }
+  return [].filter.call(components, function(component) { return component.language === language; })[0];
 }
 
 // A step that waits until the picture of a moment is on the screen.
