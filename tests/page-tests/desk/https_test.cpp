@@ -1,44 +1,31 @@
 // Pages of a real server: https with a certificate of its own, redirects, content types, cookies, media.
-#include "environment.h"
-
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <httplib.h>
-#include <memory>
 #include <mutex>
-#include <openssl/evp.h>
-#include <openssl/pem.h>
-#include <openssl/x509v3.h>
 #include <sys/wait.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-using Key = std::unique_ptr<EVP_PKEY, decltype(&EVP_PKEY_free)>;
-using Certificate = std::unique_ptr<X509, decltype(&X509_free)>;
+/** A folder with a key, and with a certificate for 127.0.0.1 that it has signed itself. */
+struct CertificateFolder {
+    CertificateFolder() {
+        std::string pattern = (fs::temp_directory_path() / "https-XXXXXX").string();
+        path = mkdtemp(pattern.data());
+        const std::string command = "openssl req -x509 -newkey rsa:2048 -noenc -subj /CN=127.0.0.1 -addext "
+                                    "subjectAltName=IP:127.0.0.1 -keyout " +
+                                    key() + " -out " + certificate() + " 2>/dev/null";
+        EXPECT_EQ(0, std::system(command.c_str())) << command;
+    }
+    ~CertificateFolder() { fs::remove_all(path); }
+    std::string key() const { return path / "key.pem"; }
+    std::string certificate() const { return path / "certificate.pem"; }
 
-/// A certificate for 127.0.0.1, signed by itself.
-Certificate newCertificate(EVP_PKEY* key) {
-    constexpr long oneDay = 24L * 3600;
-    Certificate certificate(X509_new(), &X509_free);
-    X509_set_version(certificate.get(), X509_VERSION_3);
-    ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
-    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -oneDay);
-    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), oneDay);
-    X509_set_pubkey(certificate.get(), key);
-    X509_NAME* name = X509_get_subject_name(certificate.get());
-    const auto* host = reinterpret_cast<const unsigned char*>("127.0.0.1");
-    X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_ASC, host, -1, -1, 0);
-    X509_set_issuer_name(certificate.get(), name);
-    X509_EXTENSION* hosts = X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, "IP:127.0.0.1");
-    X509_add_ext(certificate.get(), hosts, -1);
-    X509_EXTENSION_free(hosts);
-    X509_sign(certificate.get(), key, EVP_sha256());
-    return certificate;
-}
+    fs::path path;
+};
 
 const char* const page = R"(<?xml version="1.0" encoding="utf-8"?>
 <html xmlns="http://www.w3.org/1999/xhtml"><head><title></title></head><body>
@@ -60,14 +47,7 @@ video.play(1);)";
 
 class HttpsTest : public testing::Test {
 protected:
-    HttpsTest()
-        : m_key(EVP_RSA_gen(2048), &EVP_PKEY_free), m_certificate(newCertificate(m_key.get())),
-          m_server(m_certificate.get(), m_key.get()) {
-        std::string pattern = (fs::temp_directory_path() / "https-XXXXXX").string();
-        m_folder = mkdtemp(pattern.data());
-        std::FILE* file = std::fopen((m_folder / "certificate.pem").c_str(), "w");
-        PEM_write_X509(file, m_certificate.get());
-        std::fclose(file);
+    HttpsTest() {
         m_server.Get("/start", [](const httplib::Request&, httplib::Response& response) {
             response.set_header("Set-Cookie", "visit=1; Path=/");
             response.set_redirect("application/page");
@@ -79,7 +59,7 @@ protected:
         m_server.Get("/verdict.js", [](const httplib::Request&, httplib::Response& response) {
             response.set_content(verdict, "application/javascript");
         });
-        m_server.set_mount_point("/application/media", environment("MEDIA"));
+        m_server.set_mount_point("/application/media", MEDIA);
         m_server.set_file_request_handler([this](const httplib::Request& request, httplib::Response&) {
             const std::lock_guard<std::mutex> lock(m_mutex);
             m_filmHeaders = request.headers;
@@ -94,23 +74,20 @@ protected:
     ~HttpsTest() override {
         m_server.stop();
         m_thread.join();
-        fs::remove_all(m_folder);
     }
 
     /// @return the browser's exit code
     int open(const std::string& options) const {
-        const std::string command = environment("TV_BROWSER") + " --headless --verdict --exit-after 30 " + options +
+        const std::string command = TV_BROWSER " --headless --verdict --exit-after 30 " + options +
                                     " https://127.0.0.1:" + std::to_string(m_port) + "/start";
         return WEXITSTATUS(std::system(command.c_str()));
     }
 
-    std::string trust() const { return "--trust " + (m_folder / "certificate.pem").string(); }
+    std::string trust() const { return "--trust " + m_folder.certificate(); }
 
-    Key m_key;
-    Certificate m_certificate;
-    httplib::SSLServer m_server;
+    const CertificateFolder m_folder;
+    httplib::SSLServer m_server{m_folder.certificate().c_str(), m_folder.key().c_str()};
     std::thread m_thread;
-    fs::path m_folder;
     int m_port = 0;
     httplib::Headers m_pageHeaders;
     std::mutex m_mutex;

@@ -1,6 +1,5 @@
 // Faults of servers that are not this program's: requests go through it.
 #include "FaultProxy.h"
-#include "environment.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -56,7 +55,7 @@ protected:
                 return true;
             });
         });
-        m_other.set_mount_point("/media", environment("MEDIA"));
+        m_other.set_mount_point("/media", MEDIA);
         m_otherPort = m_other.bind_to_any_port("127.0.0.1");
         m_thread = std::thread([this] { m_other.listen_after_bind(); });
         while (!m_other.is_running()) {
@@ -136,8 +135,8 @@ TEST_F(OtherServerTest, GoesWrongByPathOrByAddress) {
 
 TEST_F(OtherServerTest, GoesWrongForPageAndFilm) {
     const auto seen = [this](const std::string& options) {
-        const std::string command = environment("TV_BROWSER") + " --headless --verdict --exit-after 30 " + options +
-                                    " " + address() + "/page.html 2>&1";
+        const std::string command =
+            TV_BROWSER " --headless --verdict --exit-after 30 " + options + " " + address() + "/page.html 2>&1";
         std::FILE* output = popen(command.c_str(), "r");
         std::string text(100'000, '\0');
         text.resize(std::fread(text.data(), 1, text.size(), output));

@@ -116,9 +116,3 @@ TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
 }
 
 } // namespace
-
-int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

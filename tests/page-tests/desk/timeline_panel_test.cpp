@@ -174,9 +174,3 @@ TEST(TimelinePanel, ShowsWhatIsAskedFor) {
 }
 
 } // namespace
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}

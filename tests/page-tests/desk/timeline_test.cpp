@@ -21,7 +21,7 @@ struct Field {
 };
 
 QHash<QString, QList<Field>> documentedKinds() {
-    QFile file(QStringLiteral(TIMELINE_DOCUMENT));
+    QFile file(QStringLiteral(DOCUMENTS "/timeline.md"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     static const QRegularExpression row(QStringLiteral("^\\| `([a-z-]+)` \\|( | `[^|]*)\\|[^|]+\\|$"));
     static const QRegularExpression field(QStringLiteral("`([a-z]+)`(\\?)? (text|number|bool)"));
@@ -49,7 +49,7 @@ QString typeName(const QJsonValue& value) {
 int browse(const QStringList& arguments) {
     QProcess browser;
     browser.setProcessChannelMode(QProcess::ForwardedChannels);
-    browser.start(qEnvironmentVariable("TV_BROWSER"), QStringList("--headless") + arguments);
+    browser.start(TV_BROWSER, QStringList("--headless") + arguments);
     browser.waitForFinished(60'000);
     return browser.exitCode();
 }
@@ -57,10 +57,9 @@ int browse(const QStringList& arguments) {
 TEST(Timeline, TellsTheStoryInTheDocumentedForm) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("timeline.jsonl");
-    ASSERT_EQ(0,
-              browse({"--verdict", "--exit-after", "40", "--timeline", path, "--keys",
-                      "wait:1,RIGHT,wait:3,RIGHT,wait:9,RIGHT", "--fault", "*.ts=status:404", "--mount",
-                      QString("shared=") + SHARED_PAGES, "--mount", qEnvironmentVariable("MEDIA_MOUNT"), TEST_PAGE}));
+    ASSERT_EQ(0, browse({"--verdict", "--exit-after", "40", "--timeline", path, "--keys",
+                         "wait:1,RIGHT,wait:3,RIGHT,wait:9,RIGHT", "--fault", "*.ts=status:404", "--mount",
+                         "shared=" PAGES "/..", "--mount", "media=" MEDIA, PAGES "/timeline.html"}));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto kinds = documentedKinds();
@@ -117,7 +116,7 @@ TEST(Timeline, TellsTheStoryInTheDocumentedForm) {
 }
 
 TEST(Timeline, NamesAFileThatCannotBeWritten) {
-    EXPECT_EQ(1, browse({"--timeline", "/nowhere/timeline.jsonl", TEST_PAGE}));
+    EXPECT_EQ(1, browse({"--timeline", "/nowhere/timeline.jsonl", PAGES "/timeline.html"}));
 }
 
 int thePosition = 0;

@@ -23,6 +23,7 @@ constexpr int patienceMs = 20'000;
 const QPoint middle(640, 360);
 const QColor filmPlays(Qt::cyan);
 const QColor filmFailed(Qt::magenta);
+const QString testPage(PAGES "/window.html");
 
 /** What a person in front of the television sees and does. */
 class Person {
@@ -102,8 +103,8 @@ private:
 
 /** Switches the television on, with a person in front of it, who switches it off. */
 void inFrontOf(const QString& page, const std::function<void(TvWindow&, Person&)>& act) {
-    const CommandLineResult parsed = parseCommandLine({"tv-browser", "--mount", QString("shared=") + SHARED_PAGES,
-                                                       "--mount", qEnvironmentVariable("MEDIA_MOUNT"), page});
+    const CommandLineResult parsed =
+        parseCommandLine({"tv-browser", "--mount", "shared=" PAGES "/..", "--mount", "media=" MEDIA, page});
     ASSERT_TRUE(parsed.commandLine) << parsed.text.toStdString();
     Television television(*parsed.commandLine, monotonicUs());
     QTimer::singleShot(0, &television, [&act] {
@@ -120,7 +121,7 @@ void inFrontOf(const QString& page, const std::function<void(TvWindow&, Person&)
 }
 
 TEST(Window, ShowsTheWholePictureAtAnySize) {
-    inFrontOf(TEST_PAGE, [](TvWindow& window, Person& person) {
+    inFrontOf(testPage, [](TvWindow& window, Person& person) {
         ASSERT_TRUE(person.sees(filmPlays));
         const auto showsAll = [&] {
             EXPECT_EQ(QColor(Qt::red), person.colourAt({10, 10}));
@@ -150,7 +151,7 @@ TEST(Window, ShowsTheWholePictureAtAnySize) {
 }
 
 TEST(Window, GivesPanelsAndKeysRoomOnASmallScreen) {
-    inFrontOf(TEST_PAGE, [](TvWindow& window, Person& person) {
+    inFrontOf(testPage, [](TvWindow& window, Person& person) {
         window.resize(640, 360);
         person.press(Qt::Key_F1);
         EXPECT_TRUE(person.part<KeyboardHelp>().isVisible());
@@ -174,7 +175,7 @@ TEST(Window, GivesPanelsAndKeysRoomOnASmallScreen) {
 }
 
 TEST(Window, TellsOfAddressesThatAreNone) {
-    inFrontOf(QString(TEST_PAGE), [](TvWindow& window, Person& person) {
+    inFrontOf(testPage, [](TvWindow& window, Person& person) {
         ASSERT_TRUE(person.sees(filmPlays));
         auto& line = person.part<AddressLine>();
         person.press(Qt::Key_L, Qt::ControlModifier);
@@ -206,7 +207,7 @@ TEST(Window, TellsOfAddressesThatAreNone) {
 }
 
 TEST(Window, BreaksThingsFromItsMenus) {
-    inFrontOf(TEST_PAGE, [](TvWindow& window, Person& person) {
+    inFrontOf(testPage, [](TvWindow& window, Person& person) {
         ASSERT_TRUE(person.sees(filmPlays));
         const auto reload = [&] {
             window.picture().setFocus();
