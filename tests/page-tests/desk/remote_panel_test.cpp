@@ -3,10 +3,8 @@
 #include "RemoteKeys.h"
 #include "RemotePanel.h"
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QMouseEvent>
 #include <QPushButton>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -30,13 +28,7 @@ protected:
         m_panel.show();
     }
 
-    void mouse(QEvent::Type type, const char* key) {
-        auto* button = m_panel.findChild<QPushButton*>(QString::fromLatin1(key));
-        ASSERT_TRUE(button) << key;
-        const Qt::MouseButtons buttons = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-        QMouseEvent event(type, button->rect().center(), Qt::LeftButton, buttons, Qt::NoModifier);
-        QApplication::sendEvent(button, &event);
-    }
+    QPushButton* button(const char* key) { return m_panel.findChild<QPushButton*>(QString::fromLatin1(key)); }
 
     RemotePanel m_panel{true};
     std::vector<Event> m_events;
@@ -45,26 +37,20 @@ protected:
 TEST_F(RemotePanelTest, AClickIsAPressAndARelease) {
     for (const char* key : {"ENTER", "RED", "FAST_FWD"}) {
         m_events.clear();
-        mouse(QEvent::MouseButtonPress, key);
-        mouse(QEvent::MouseButtonRelease, key);
+        ASSERT_TRUE(button(key)) << key;
+        QTest::mouseClick(button(key), Qt::LeftButton);
         EXPECT_EQ(m_events, (std::vector<Event>{{key, true, false}, {key, false, false}}));
     }
 }
 
-/** Lets time pass until there are so many events, or for 20 seconds. */
-void waitFor(const std::vector<Event>& events, size_t count) {
-    QElapsedTimer patience;
-    patience.start();
-    while (events.size() < count && patience.elapsed() < 20'000) {
-        QApplication::processEvents(QEventLoop::AllEvents, 50);
-    }
+bool come(const std::vector<Event>& events, size_t count) {
+    return QTest::qWaitFor([&] { return events.size() >= count; }, 20'000);
 }
 
 TEST_F(RemotePanelTest, AHeldButtonRepeatsUntilItIsReleased) {
-    mouse(QEvent::MouseButtonPress, "DOWN");
-    waitFor(m_events, 4);
-    mouse(QEvent::MouseButtonRelease, "DOWN");
-    ASSERT_GE(m_events.size(), 5U);
+    QTest::mousePress(button("DOWN"), Qt::LeftButton);
+    ASSERT_TRUE(come(m_events, 4));
+    QTest::mouseRelease(button("DOWN"), Qt::LeftButton);
     EXPECT_EQ(m_events.front(), (Event{"DOWN", true, false}));
     EXPECT_EQ(m_events[1], (Event{"DOWN", true, true}));
     EXPECT_EQ(m_events.back(), (Event{"DOWN", false, false}));
@@ -94,15 +80,14 @@ TEST(KeyboardRemoteTest, PassesOnOnlyWhatIsMeantForThePage) {
         press(Qt::Key_Left, Qt::NoModifier, isKnown);
     }
     EXPECT_EQ((std::vector<Event>{{"LEFT", true, false}}), events);
-    waitFor(events, 3);
-    ASSERT_GE(events.size(), 3U) << "it repeats as on a remote control";
+    ASSERT_TRUE(come(events, 3)) << "it repeats as on a remote control";
     EXPECT_EQ((Event{"LEFT", true, true}), events[2]);
 
     events.clear();
     press(Qt::Key_Right, Qt::NoModifier);
     release(Qt::Key_Left); // which was pressed before
     release(Qt::Key_Right);
-    waitFor(events, 3);
+    EXPECT_TRUE(come(events, 3));
     release(Qt::Key_Right);
     press(Qt::Key_R, Qt::NoModifier);
     keyboard.leave(); // the release will be another window's

@@ -1,12 +1,11 @@
 // The timeline's panel: bands with marks, objects, what its filters show, the chosen entry.
 #include "TimelinePanel.h"
 
-#include <QApplication>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
+#include <QTest>
 #include <QToolButton>
 #include <QToolTip>
 #include <gtest/gtest.h>
@@ -24,16 +23,15 @@ TimelineEntry entry(Kind kind, int object, const char* text) {
     return made;
 }
 
-TimelineEntry stateAt(double seconds, int object, int state) {
-    TimelineEntry made = entry(Kind::STATE, object, "");
-    made.timeUs = static_cast<int64_t>(seconds * 1e6);
-    made.fields[QStringLiteral("state")] = state;
-    return made;
-}
-
 TimelineEntry markAt(double seconds, Kind kind, int object, const char* text) {
     TimelineEntry made = entry(kind, object, text);
     made.timeUs = static_cast<int64_t>(seconds * 1e6);
+    return made;
+}
+
+TimelineEntry stateAt(double seconds, int object, int state) {
+    TimelineEntry made = markAt(seconds, Kind::STATE, object, "");
+    made.fields[QStringLiteral("state")] = state;
     return made;
 }
 
@@ -51,19 +49,17 @@ TEST(TimelinePanel, DrawsStatesAsBandsWithMarksForErrorsAndStalls) {
     const auto at = [](double seconds, int row, int y) {
         return QPoint(labels + static_cast<int>(seconds / 10 * width), 22 + row * 26 + y);
     };
-    const auto shows = [&](const QColor& colour, const QPoint& place) { return picture.pixelColor(place) == colour; };
-    EXPECT_TRUE(shows(playStateColour(0), at(0.5, 0, 15)));
-    EXPECT_TRUE(shows(playStateColour(3), at(2, 0, 15)));
-    EXPECT_TRUE(shows(playStateColour(1), at(4, 0, 15)));
-    EXPECT_TRUE(shows(playStateColour(1), at(5.5, 0, 15))) << "a stall is no state";
-    EXPECT_TRUE(shows(playStateColour(6), at(9, 0, 15)));
-    EXPECT_TRUE(shows(QColor(0xff, 0xca, 0x4f), at(5, 0, 5)));
-    EXPECT_TRUE(shows(QColor(0xff, 0x52, 0x52), at(7, 0, 5)));
-    EXPECT_TRUE(shows(playStateColour(4), at(6, 1, 15)));
-    for (const double outside : {1.5, 9.0}) {
-        EXPECT_FALSE(shows(playStateColour(4), at(outside, 1, 15))) << "object 2 is not there at " << outside;
-        EXPECT_FALSE(shows(playStateColour(0), at(outside, 1, 15))) << "object 2 is not there at " << outside;
-    }
+    const auto colourAt = [&](double seconds, int row, int y) { return picture.pixelColor(at(seconds, row, y)); };
+    EXPECT_EQ(playStateColour(0), colourAt(0.5, 0, 15));
+    EXPECT_EQ(playStateColour(3), colourAt(2, 0, 15));
+    EXPECT_EQ(playStateColour(1), colourAt(5.5, 0, 15)) << "a stall is no state";
+    EXPECT_EQ(playStateColour(6), colourAt(9, 0, 15));
+    EXPECT_NE(colourAt(5, 0, 15), colourAt(5, 0, 5)) << "the mark of a stall";
+    EXPECT_NE(colourAt(7, 0, 15), colourAt(7, 0, 5)) << "the mark of an error";
+    EXPECT_NE(colourAt(5, 0, 5), colourAt(7, 0, 5)) << "they differ";
+    EXPECT_EQ(playStateColour(4), colourAt(6, 1, 15));
+    EXPECT_EQ(colourAt(1.5, 2, 15), colourAt(1.5, 1, 15)) << "object 2 is not there yet, nor is object 3";
+    EXPECT_EQ(colourAt(1.5, 2, 15), colourAt(9, 1, 15)) << "object 2 is gone";
     const auto tip = [&](const QPoint& place) {
         QHelpEvent event(QEvent::ToolTip, place, bands.mapToGlobal(place));
         QApplication::sendEvent(&bands, &event);
@@ -97,10 +93,8 @@ TEST(TimelinePanel, ListsTheObjectsThatAreThere) {
     std::vector<int> chosen;
     QObject::connect(&table, &ObjectTable::chosen, [&chosen](int object) { chosen.push_back(object); });
     table.setCurrentCell(1, 0);
-    for (int i = 0; i < 2; ++i) {
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(&table, &enter);
-    }
+    QTest::keyClick(&table, Qt::Key_Return);
+    QTest::keyClick(&table, Qt::Key_Return);
     EXPECT_EQ((std::vector<int>{2, 0}), chosen) << "once more shows all";
     table.append({entry(Kind::GONE, 1, "")});
     ASSERT_EQ(1, table.rowCount());
@@ -120,8 +114,7 @@ TEST(TimelinePanel, KeepsTheChosenEntryInSight) {
         return list->viewport()->rect().intersects(list->visualRect(list->model()->index(row, TimelineModel::TEXT)));
     };
     const auto up = [list] {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier);
-        QApplication::sendEvent(list, &event);
+        QTest::keyClick(list, Qt::Key_Up);
         QApplication::processEvents();
     };
     append();
@@ -147,17 +140,16 @@ TEST(TimelinePanel, ShowsWhatIsAskedFor) {
     const auto* list = panel.findChild<QTableView*>(QStringLiteral("entries"));
     const auto rows = [list] { return list->model()->rowCount(); };
     EXPECT_EQ(5, rows());
-    for (auto* button : panel.findChildren<QToolButton*>()) {
-        if (button->isCheckable()) {
-            button->click();
+    const auto clickAllKinds = [&panel] {
+        for (auto* button : panel.findChildren<QToolButton*>()) {
+            if (button->isCheckable()) {
+                button->click();
+            }
         }
-    }
+    };
+    clickAllKinds();
     EXPECT_EQ(1, rows()) << "errors are always shown";
-    for (auto* button : panel.findChildren<QToolButton*>()) {
-        if (button->isCheckable()) {
-            button->click();
-        }
-    }
+    clickAllKinds();
     panel.findChild<QLineEdit*>()->setText(QStringLiteral("pLAY"));
     EXPECT_EQ(2, rows());
     emit panel.findChild<ObjectTable*>()->chosen(1);
