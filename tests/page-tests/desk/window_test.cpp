@@ -52,11 +52,6 @@ public:
         QTest::keyClick(target(), key, modifiers);
     }
 
-    void enterAddress(const QString& address) const {
-        press(Qt::Key_L, Qt::ControlModifier);
-        enter(address);
-    }
-
     void enter(const QString& text) const {
         QTest::keyClicks(target(), text);
         press(Qt::Key_Return);
@@ -201,7 +196,8 @@ TEST(Window, TellsOfAddressesThatAreNone) {
         EXPECT_TRUE(person.sees(filmPlays));
         person.press(Qt::Key_Right, Qt::AltModifier);
         EXPECT_TRUE(person.sees(Qt::white));
-        person.enterAddress(QString(address).replace("window", "missing"));
+        person.press(Qt::Key_L, Qt::ControlModifier);
+        person.enter(QString(address).replace("window", "missing"));
         EXPECT_TRUE(person.isTold("404"));
     });
 }
