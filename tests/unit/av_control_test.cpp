@@ -1,7 +1,5 @@
 #include "av_control_test.h"
 
-#include "allocations.h"
-
 #include <iterator>
 #include <sstream>
 #include <utility>
@@ -22,8 +20,7 @@ Video::Video(Start start) : m_handle(television().nextHandle), m_npp(), m_plugin
 }
 
 void Video::initialize() {
-    char type[] = "video/mp4";
-    EXPECT_TRUE(m_plugin->initialize(type, &m_npp, NP_EMBED, 0, nullptr, nullptr, nullptr));
+    EXPECT_TRUE(m_plugin->initialize(nullptr, &m_npp, NP_EMBED, 0, nullptr, nullptr, nullptr));
 }
 
 void Video::destroy() {
@@ -33,12 +30,7 @@ void Video::destroy() {
 std::string Video::read(const std::string& name) {
     NPVariant result;
     VOID_TO_NPVARIANT(result);
-    if (!m_plugin->getProperty(identifier(name), &result)) {
-        return "(none)";
-    }
-    const std::string value = text(result);
-    NPN_ReleaseVariantValue(&result);
-    return value;
+    return m_plugin->getProperty(identifier(name), &result) ? fake::taken(result) : "(none)";
 }
 
 bool Video::write(const std::string& name, const Value& value) {
@@ -46,19 +38,17 @@ bool Video::write(const std::string& name, const Value& value) {
 }
 
 std::string Video::call(const std::string& name, const Arguments& arguments) {
-    const double untouched = 4711.25;
     std::vector<NPVariant> variants;
     for (const Value& argument : arguments) {
         variants.push_back(argument.variant());
     }
     NPVariant result;
-    DOUBLE_TO_NPVARIANT(untouched, result);
+    DOUBLE_TO_NPVARIANT(4711.25, result);
     if (!m_plugin->invoke(browser().element, identifier(name), variants.data(), static_cast<uint32_t>(variants.size()),
                           &result)) {
         return "(refused)";
     }
-    const std::string value = text(result);
-    NPN_ReleaseVariantValue(&result);
+    const std::string value = fake::taken(result);
     return value == "4711.25" ? "(untouched)" : value;
 }
 
@@ -112,5 +102,10 @@ fake::ScriptObject* AvControl::listener(const std::string& type, const std::func
 
 std::string AvControl::delivered() {
     browser().deliver();
+    return happened();
+}
+
+std::string AvControl::reported(eMEDIA_CALLBACK_EVENT event, int code) {
+    video().report(event, code);
     return happened();
 }

@@ -2,6 +2,7 @@
 #ifndef AV_CONTROL_TEST_H
 #define AV_CONTROL_TEST_H
 
+#include "allocations.h"
 #include "fake_browser.h"
 #include "fake_player.h"
 #include "journal.h"
@@ -16,20 +17,20 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using fake::Arguments;
 using fake::browser;
+using fake::errorLines;
 using fake::happened;
 using fake::identifier;
+using fake::logged;
 using fake::television;
 using fake::text;
-using fake::Undefined;
 using fake::Value;
 
-/** Numbers that script can pass, too. */
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /** @return the words of a list that blanks separate */
 std::vector<std::string> words(const std::string& list);
@@ -96,24 +97,20 @@ protected:
     /** Delivers what is queued. @return what happened since last asked */
     std::string delivered();
 
+    /** The first object's player reports. @return what happened since last asked */
+    std::string reported(eMEDIA_CALLBACK_EVENT event, int code = 0);
+
     std::vector<std::unique_ptr<Video>> m_videos;
 };
 
 /** The types of addEventListener, by ListenerNames_e. */
 extern const std::vector<std::string> listenerTypes;
 
-/** @return how many lines of exactly this text were written at this level: 2 ordinary, 3 warning, 5 error */
-inline int logged(int level, const std::string& line) {
-    return fake::log().count(level, line);
-}
 /** Each of these lines was written exactly once, as an ordinary one. */
 inline void expectLogged(std::initializer_list<const char*> lines) {
     for (const char* line : lines) {
         EXPECT_EQ(1, logged(2, line)) << line;
     }
-}
-inline std::vector<std::string> errorLines() {
-    return fake::log().texts(5);
 }
 inline void forgetLog() {
     fake::log() = {};

@@ -16,16 +16,12 @@ public:
     ~Held() { NPN_ReleaseObject(m_object); }
     operator NPObject*() const { return m_object; }
 
-    std::string read(NPIdentifier name) const {
+    std::string read(const char* property) const {
+        const NPIdentifier name = identifier(property);
         NPVariant result;
-        if (!m_object->_class->hasProperty(m_object, name) || !m_object->_class->getProperty(m_object, name, &result)) {
-            return "(none)";
-        }
-        const std::string value = text(result);
-        NPN_ReleaseVariantValue(&result);
-        return value;
+        const bool has = m_object->_class->hasProperty(m_object, name);
+        return has && m_object->_class->getProperty(m_object, name, &result) ? fake::taken(result) : "(none)";
     }
-    std::string read(const char* name) const { return read(identifier(name)); }
 
     /** @return an item of a collection, null outside */
     Held item(int index) const {
@@ -68,27 +64,25 @@ extern "C" int Hbbtv_AL_MediaPlayerGetComponents(int player, int type, Hbbtv_AL_
 }
 
 TEST_F(Components, AreListedByTypeAndByActivity) {
-    const struct {
-        const char* method;
-        Value type;
-        std::vector<const char*> pids;
-    } rows[] = {{"getComponents", 0, {"100"}},
-                {"getComponents", 1.0, {"201", "202"}},
-                {"getComponents", 2, {"301"}},
-                {"getComponents", nullptr, {"100", "201", "202", "301"}},
-                {"getCurrentActiveComponents", 0, {"100"}},
-                {"getCurrentActiveComponents", 1, {"201"}},
-                {"getCurrentActiveComponents", 2.9, {}}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.method) + text(row.type));
-        const Held collection = query(row.method, row.type);
-        EXPECT_EQ(std::to_string(row.pids.size()), collection.read("length"));
-        for (size_t i = 0; i < row.pids.size(); ++i) {
-            EXPECT_EQ(row.pids[i], collection.item(static_cast<int>(i)).read("pid"));
+    const std::tuple<const char*, Value, std::vector<const char*>> rows[] = {
+        {"getComponents", 0, {"100"}},
+        {"getComponents", 1.0, {"201", "202"}},
+        {"getComponents", 2, {"301"}},
+        {"getComponents", nullptr, {"100", "201", "202", "301"}},
+        {"getCurrentActiveComponents", 0, {"100"}},
+        {"getCurrentActiveComponents", 1, {"201"}},
+        {"getCurrentActiveComponents", 2.9, {}}};
+    for (const auto& [method, type, pids] : rows) {
+        SCOPED_TRACE(method + text(type));
+        const Held collection = query(method, type);
+        int length = 0;
+        for (const char* pid : pids) {
+            EXPECT_EQ(pid, collection.item(length++).read("pid"));
         }
-        EXPECT_EQ(nullptr, collection.item(static_cast<int>(row.pids.size())));
+        EXPECT_EQ(std::to_string(length), collection.read("length"));
+        EXPECT_EQ(nullptr, collection.item(length));
         EXPECT_EQ(nullptr, collection.item(-1));
-        EXPECT_EQ(static_cast<NPObject*>(collection), query(row.method, row.type));
+        EXPECT_EQ(static_cast<NPObject*>(collection), query(method, type));
     }
     components.resize(1000, components[1]);
     EXPECT_EQ("256", query("getComponents", 1).read("length"));
@@ -114,19 +108,16 @@ TEST_F(Components, ShowTheirProperties) {
 
 TEST_F(Components, GoToThePlayerAsTheirRecord) {
     const Held all = query("getComponents", nullptr);
-    const struct {
-        int index;
-        const char* commands;
-        int pid;
-    } rows[] = {{0, "7.SelectAVVideoComponent() 7.UnselectAVVideoComponent()", 100},
-                {2, "7.SelectAVAudioComponent() 7.UnselectAVAudioComponent()", 202},
-                {3, "7.SelectAVSubtitleComponent() 7.UnselectAVSubtitleComponent()", 301}};
-    for (const auto& row : rows) {
-        const Held component = all.item(row.index);
+    const std::tuple<int, const char*, int> rows[] = {
+        {0, "7.SelectAVVideoComponent() 7.UnselectAVVideoComponent()", 100},
+        {2, "7.SelectAVAudioComponent() 7.UnselectAVAudioComponent()", 202},
+        {3, "7.SelectAVSubtitleComponent() 7.UnselectAVSubtitleComponent()", 301}};
+    for (const auto& [index, commands, pid] : rows) {
+        const Held component = all.item(index);
         EXPECT_EQ("(untouched)", video().call("selectComponent", {Value(component)}));
         EXPECT_EQ("(untouched)", video().call("unselectComponent", {Value(component)}));
-        EXPECT_EQ(row.commands, happened());
-        EXPECT_EQ(row.pid, (*static_cast<AVComponent**>(television().component))->pid);
+        EXPECT_EQ(commands, happened());
+        EXPECT_EQ(pid, (*static_cast<AVComponent**>(television().component))->pid);
     }
     EXPECT_EQ(1, logged(2, "\nSelectAVAudioComponent\n\n"));
     EXPECT_EQ(0u, errorLines().size());

@@ -2,19 +2,15 @@
 
 using DomFocus = AvControl;
 
-namespace {
-
 const char* const raised = "document.createEvent(\"HTMLEvents\") dom event.initEvent(\"focus\",false,false) "
                            "element.dispatchEvent([dom event])";
 
-fake::Function ends(Video& object, const Value& answer) {
+static fake::Function ends(Video& object, const Value& answer) {
     return [&object, answer](auto...) {
         object.destroy();
         return answer;
     };
 }
-
-} // namespace
 
 TEST_F(DomFocus, RaisesAFocusEventOnTheElement) {
     handler("onfocus");
@@ -32,7 +28,7 @@ TEST_F(DomFocus, RaisesAFocusEventOnTheElement) {
 }
 
 TEST_F(DomFocus, SaysWhetherTheEventWasCancelled) {
-    for (const Value& answer : {Value(true), Value(0), Value("false"), Value(browser().document), Value(false)}) {
+    for (const Value& answer : Arguments{true, 0, "false", browser().document, false}) {
         browser().element->methods["dispatchEvent"] = [answer](auto...) { return answer; };
         EXPECT_EQ("undefined", video().call("focus"));
     }
@@ -62,14 +58,11 @@ TEST_F(DomFocus, StopsAtWhateverIsMissingAndGivesBackTheRest) {
 }
 
 TEST_F(DomFocus, EveryScriptOnTheWayMayEndTheObject) {
-    for (int step = 0; step < 3; ++step) {
+    for (fake::Function* script :
+         {&browser().document->methods["createEvent"], &browser().domEvent->methods["initEvent"],
+          &browser().element->methods["dispatchEvent"]}) {
         Video& object = another();
-        browser().element->methods["dispatchEvent"] = step == 0 ? ends(object, true) : nullptr;
-        browser().domEvent->methods["initEvent"] = step == 1 ? ends(object, nullptr) : [](auto...) { return Value(); };
-        if (step == 2) {
-            browser().document->methods["createEvent"] = ends(object, Value(browser().domEvent));
-        }
-        browser().element->methods["dispatchEvent"] = ends(object, true);
+        *script = ends(object, Value(browser().domEvent));
         EXPECT_EQ("undefined", object.call("focus"));
     }
     for (const char* size : {"width", "height"}) {

@@ -20,14 +20,6 @@ const std::string& nameOf(NPIdentifier identifier) {
     return *static_cast<std::string*>(identifier);
 }
 
-NPObject* allocateScriptObject(NPP, NPClass*) {
-    return new ScriptObject();
-}
-
-void deallocateScriptObject(NPObject* object) {
-    delete static_cast<ScriptObject*>(object);
-}
-
 NPClass scriptClass;
 NPClass bareClass;
 
@@ -56,10 +48,8 @@ bool answer(const Value& value, NPVariant* result) {
 }
 
 void* allocate(size_t size) {
-    void* block = ::malloc(size);
-    const std::lock_guard<std::mutex> lock(browser().mutex);
-    browser().blocks[block] = size;
-    return block;
+    EXPECT_PLUGIN_THREAD();
+    return const_cast<void*>(*browser().blocks.insert(::malloc(size)).first);
 }
 
 } // namespace
@@ -113,6 +103,12 @@ std::string text(const NPVariant& value) {
     return "event{" + values + "}";
 }
 
+std::string taken(NPVariant given) {
+    const std::string value = text(given);
+    NPN_ReleaseVariantValue(&given);
+    return value;
+}
+
 NPIdentifier identifier(const std::string& name) {
     static std::set<std::string> names;
     return const_cast<std::string*>(&*names.insert(name).first);
@@ -125,8 +121,8 @@ Browser& browser() {
 
 void Browser::reset() {
     pluginThread = std::this_thread::get_id();
-    scriptClass.allocate = allocateScriptObject;
-    scriptClass.deallocate = deallocateScriptObject;
+    scriptClass.allocate = [](NPP, NPClass*) -> NPObject* { return new ScriptObject(); };
+    scriptClass.deallocate = [](NPObject* object) { delete static_cast<ScriptObject*>(object); };
     objects = Gives;
     window = object("window");
     document = object("document");
@@ -190,19 +186,16 @@ size_t Browser::queued() const {
 }
 
 bool Browser::alive(const NPObject* object) const {
-    const std::lock_guard<std::mutex> lock(mutex);
     // A plug-in may hand out a block of its own as an object, as long as it begins like one.
     return live.count(object) > 0 || blocks.count(object) > 0;
 }
 
 void Browser::deliver() {
     while (queued() > 0) {
-        std::function<void()> next;
-        {
-            const std::lock_guard<std::mutex> lock(mutex);
-            next = calls.front();
-            calls.pop_front();
-        }
+        std::unique_lock<std::mutex> lock(mutex);
+        const std::function<void()> next = calls.front();
+        calls.pop_front();
+        lock.unlock();
         next();
     }
 }
@@ -220,8 +213,8 @@ void* NPN_MemAlloc(uint32_t size) {
 }
 
 void NPN_MemFree(void* ptr) {
+    EXPECT_PLUGIN_THREAD();
     if (ptr) {
-        const std::lock_guard<std::mutex> lock(browser().mutex);
         ASSERT_EQ(1u, browser().blocks.erase(ptr)) << "NPN_MemFree of what NPN_MemAlloc did not give";
         ::free(ptr);
     }
@@ -270,7 +263,6 @@ NPObject* NPN_CreateObject(NPP npp, NPClass* aClass) {
     if (made) {
         made->_class = aClass;
         made->referenceCount = 1;
-        const std::lock_guard<std::mutex> lock(browser().mutex);
         browser().live.insert(made);
     }
     return made;
@@ -294,10 +286,7 @@ void NPN_ReleaseObject(NPObject* obj) {
     if (--obj->referenceCount > 0) {
         return;
     }
-    {
-        const std::lock_guard<std::mutex> lock(browser().mutex);
-        browser().live.erase(obj);
-    }
+    browser().live.erase(obj);
     if (obj->_class->deallocate) {
         obj->_class->deallocate(obj);
     } else if (obj->_class->allocate) {

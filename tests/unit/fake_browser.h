@@ -21,12 +21,10 @@
 
 namespace fake {
 
-struct Undefined {};
-
 /** A script value for arguments and answers. Text is kept without a terminator, in a block of exactly its length. */
 class Value {
 public:
-    Value(Undefined = {}) { VOID_TO_NPVARIANT(m_variant); }
+    Value() { VOID_TO_NPVARIANT(m_variant); }
     Value(std::nullptr_t) { NULL_TO_NPVARIANT(m_variant); }
     Value(bool truth) { BOOLEAN_TO_NPVARIANT(truth, m_variant); }
     Value(int number) { INT32_TO_NPVARIANT(number, m_variant); }
@@ -57,6 +55,9 @@ std::string text(const NPVariant& value);
 inline std::string text(const Value& value) {
     return text(value.variant());
 }
+
+/** @return a value that the receiver was given, as text; the value is released */
+std::string taken(NPVariant given);
 
 /** @return the interned identifier of a name */
 NPIdentifier identifier(const std::string& name);
@@ -103,10 +104,10 @@ struct Browser {
     size_t queued() const;
     bool alive(const NPObject* object) const;
 
-    // What the NPN_ functions keep. Blocks and calls: any thread, under the mutex.
+    // What the NPN_ functions keep.
     mutable std::mutex mutex;
-    std::map<const void*, size_t> blocks;
-    std::deque<std::function<void()>> calls;
+    std::deque<std::function<void()>> calls; /**< any thread, under the mutex */
+    std::set<const void*> blocks;
     std::set<const NPObject*> live;
     std::vector<NPObject*> pageOwned;
     std::thread::id pluginThread;

@@ -16,27 +16,24 @@ protected:
 };
 
 TEST_F(Geometry, ThePictureFollowsTheElement) {
-    const struct {
-        int x, y;
-        unsigned w, h;
-        const char* events;
-        const char* full;
-    } rows[] = {{0, 0, 1280, 720, "onFullScreenChange()", "true"}, // the rectangle that an object starts with
-                {100, 50, 640, 360, "onFullScreenChange() 7.SetWindow(100,50,640,360)", "false"},
-                {100, 50, 640, 360, "", "false"},
-                {-5, 7, 640, 360, "7.SetWindow(-5,7,640,360)", "false"},
-                {100, 50, 1280, 720, "onFullScreenChange() 7.SetWindow(0,0,1280,720)", "true"},
-                {0, 0, 1280, 720, "", "true"},
-                {100, 50, 1280, 720, "7.SetWindow(0,0,1280,720)", "true"},
-                {0, 0, 1280, 600, "7.SetWindow(0,0,1280,600)", "true"},
-                {0, 0, 600, 720, "7.SetWindow(0,0,600,720)", "true"},
-                {0, 0, 0, 0, "onFullScreenChange() 7.SetWindow(0,0,0,0)", "false"},
-                {0, 0, 1280, 0, "7.SetWindow(0,0,1280,0)", "false"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.x << " " << row.y << " " << row.w << " " << row.h);
-        EXPECT_EQ(row.events, layOut(row.x, row.y, row.w, row.h));
-        EXPECT_EQ(row.full, video().read("fullScreen"));
-        EXPECT_EQ(row.w, video()->m_nW);
+    const std::tuple<int, int, unsigned, unsigned, const char*, const char*> rows[] = {
+        {0, 0, 1280, 720, "onFullScreenChange()", "true"}, // the rectangle that an object starts with
+        {100, 50, 640, 360, "onFullScreenChange() 7.SetWindow(100,50,640,360)", "false"},
+        {100, 50, 640, 360, "", "false"},
+        {-5, 50, 640, 360, "7.SetWindow(-5,50,640,360)", "false"},
+        {-5, 7, 640, 360, "7.SetWindow(-5,7,640,360)", "false"},
+        {100, 50, 1280, 720, "onFullScreenChange() 7.SetWindow(0,0,1280,720)", "true"},
+        {0, 0, 1280, 720, "", "true"},
+        {100, 50, 1280, 720, "7.SetWindow(0,0,1280,720)", "true"},
+        {0, 0, 1280, 600, "7.SetWindow(0,0,1280,600)", "true"},
+        {0, 0, 600, 720, "7.SetWindow(0,0,600,720)", "true"},
+        {0, 0, 0, 0, "onFullScreenChange() 7.SetWindow(0,0,0,0)", "false"},
+        {0, 0, 1280, 0, "7.SetWindow(0,0,1280,0)", "false"}};
+    for (const auto& [x, y, w, h, events, full] : rows) {
+        SCOPED_TRACE(testing::Message() << x << " " << y << " " << w << " " << h);
+        EXPECT_EQ(events, layOut(x, y, w, h));
+        EXPECT_EQ(full, video().read("fullScreen"));
+        EXPECT_EQ(w, video()->m_nW);
     }
     EXPECT_EQ("1280 0", video().read("width") + " " + video().read("height"));
     layOut(1, 2, 4000000000u, 4000000000u);
@@ -74,17 +71,15 @@ TEST_F(Geometry, ThePlaceThatAHandlerBringsAboutHolds) {
 }
 
 TEST_F(Geometry, FullScreenTakesTheTruthOfItsArgument) {
-    for (const bool truth : {true, false}) {
-        const std::vector<Value> arguments =
-            truth ? std::vector<Value>{1, -0.5, 1e300, true}
-                  : std::vector<Value>{0, 0.0, "", "true", nullptr, Undefined(), browser().element, false};
-        for (const Value& argument : arguments) {
-            video().call("setFullScreen", {!truth});
-            EXPECT_EQ("true", video().call("setFullScreen", {argument}));
-            EXPECT_EQ(text(Value(truth)), video().read("fullScreen")) << text(argument);
-        }
+    const std::pair<Value, bool> rows[] = {{1, true},        {-0.5, true},     {true, true},
+                                           {0, false},       {0.0, false},     {"true", false},
+                                           {nullptr, false}, {Value(), false}, {browser().element, false},
+                                           {false, false}};
+    for (const auto& [argument, truth] : rows) {
+        video().call("setFullScreen", {!truth});
+        EXPECT_EQ("true", video().call("setFullScreen", {argument}));
+        EXPECT_EQ(text(Value(truth)), video().read("fullScreen")) << text(argument);
     }
-    EXPECT_EQ("true", video().call("setFullScreen"));
     happened();
 }
 
@@ -105,8 +100,7 @@ TEST_F(Geometry, AHandlerMayEndTheObjectInside) {
 }
 
 TEST_F(Geometry, OnlyAnHttpAddressLongEnoughIsTaken) {
-    for (const Value& address : {Value("http://a"), Value("https://a"), Value("xhttp"), Value("http"),
-                                 Value("dvb://1.2"), Value(""), Value(nullptr), Value(17)}) {
+    for (const Value& address : Arguments{"http://a", "https://a", "xhttp", "http", "dvb://1.2", "", nullptr, 17}) {
         NPN_ReleaseVariantValue(&video()->m_pNpVarProperties[data]);
         address.give(&video()->m_pNpVarProperties[data]);
         const bool taken = text(address).find("http") < 3 && text(address) != "\"http\"";

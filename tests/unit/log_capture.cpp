@@ -33,16 +33,16 @@ Log& log() {
     return instance;
 }
 
-int Log::count(int level, const std::string& text) const {
-    return static_cast<int>(std::count_if(lines.begin(), lines.end(), [&](const LogLine& line) {
+int logged(int level, const std::string& text) {
+    return static_cast<int>(std::count_if(log().lines.begin(), log().lines.end(), [&](const LogLine& line) {
         return !line.console && line.level == level && line.text == text;
     }));
 }
 
-std::vector<std::string> Log::texts(int level) const {
+std::vector<std::string> errorLines() {
     std::vector<std::string> found;
-    for (const LogLine& line : lines) {
-        if (!line.console && line.level == level) {
+    for (const LogLine& line : log().lines) {
+        if (!line.console && line.level == 5) {
             found.push_back(line.text.substr(0, line.text.find_last_not_of('\n') + 1));
         }
     }

@@ -17,15 +17,15 @@ struct Log {
     int consoleFrom = 100; /**< lowest level that the console wants */
     int fileFrom = 0;      /**< lowest level that the file wants */
     std::vector<LogLine> lines;
-
-    /** @return how many lines of exactly this text reached the file at this level */
-    int count(int level, const std::string& text) const;
-
-    /** @return the texts of the file's lines of this level, without their line ends */
-    std::vector<std::string> texts(int level) const;
 };
 
 Log& log();
+
+/** @return how many lines of exactly this text reached the file at this level: 2 ordinary, 3 warning, 5 error */
+int logged(int level, const std::string& text);
+
+/** @return the texts of the errors that reached the file, without their line ends */
+std::vector<std::string> errorLines();
 
 } // namespace fake
 

@@ -2,14 +2,10 @@
 
 using QueueAndLoop = AvControl;
 
-namespace {
-
 const char* const first = "http://tv.example/first.mp4";
 const std::string starts = "7.SetSource(\"http://tv.example/first.mp4\") 7.Play(0) 7.SetSpeed(1.0)";
 const std::string hears5 = "onPlayStateChange(5) 7.sync.state(2,5)";
 const std::string hears0and3 = " onPlayStateChange(0) 7.sync.state(2,0) onPlayStateChange(3) 7.sync.state(2,3)";
-
-} // namespace
 
 TEST_F(QueueAndLoop, TheQueuedMediaFollowsAsFiveZeroThree) {
     handler("onPlayStateChange");
@@ -19,8 +15,7 @@ TEST_F(QueueAndLoop, TheQueuedMediaFollowsAsFiveZeroThree) {
     EXPECT_EQ("false", video().call("queue", {""}));
     EXPECT_EQ(2, logged(3, "media item is already queued\n"));
     EXPECT_EQ("", delivered());
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_EQ(hears5 + " 7.Stop() 7.Stop() " + starts + hears0and3, happened());
+    EXPECT_EQ(hears5 + " 7.Stop() 7.Stop() " + starts + hears0and3, reported(eMEDIA_CALLBACK_FINISHED));
     EXPECT_EQ("3", video().read("playState"));
     EXPECT_EQ("\"http://tv.example/first.mp4\"", video().read("data"));
     EXPECT_FALSE(video()->m_bUrlIsQueued);
@@ -57,25 +52,12 @@ TEST_F(QueueAndLoop, AnItemWaitsInEveryRunningState) {
     EXPECT_EQ("", delivered());
 }
 
-TEST_F(QueueAndLoop, StopDropsTheItem) {
-    video().is(MP_PLAYING);
-    video().call("queue", {first});
-    video().call("stop");
-    video().call("play");
-    happened();
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_EQ("7.Stop()", happened());
-    EXPECT_EQ(1, logged(2, "!!!MediaCallback called end!!!\n"));
-    EXPECT_EQ("5", video().read("playState"));
-}
-
 TEST_F(QueueAndLoop, AHandlerOfTheEndMayStillDropTheItem) {
     for (const char* method : {"stop", "queue"}) {
         handler("onPlayStateChange", [&, method] { video().call(method); });
         video().is(MP_PLAYING);
         video().call("queue", {first});
-        video().report(eMEDIA_CALLBACK_FINISHED);
-        EXPECT_EQ(std::string::npos, happened().find("7.Play")) << method;
+        EXPECT_EQ(std::string::npos, reported(eMEDIA_CALLBACK_FINISHED).find("7.Play")) << method;
         EXPECT_EQ("\"\"", video().read("data"));
         EXPECT_FALSE(video()->m_bUrlIsQueued);
     }
@@ -93,8 +75,7 @@ TEST_F(QueueAndLoop, AnAddressTooLongToWaitIsRefusedWhole) {
     video().is(MP_PLAYING);
     EXPECT_EQ("true", video().call("queue", {longest}));
     EXPECT_EQ(longest, video()->m_acQueuedUrlBuffer);
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_NE(std::string::npos, happened().find("7.SetSource(\"" + longest + "\") 7.Play(0)"));
+    EXPECT_NE(std::string::npos, reported(eMEDIA_CALLBACK_FINISHED).find("7.SetSource(\"" + longest + "\") 7.Play(0)"));
 }
 
 TEST_F(QueueAndLoop, AnAddressThatProvesTooLongDoesNotStartTheFormerMedia) {
@@ -104,8 +85,7 @@ TEST_F(QueueAndLoop, AnAddressThatProvesTooLongDoesNotStartTheFormerMedia) {
         video().is(MP_PLAYING);
         EXPECT_EQ("true", video().call("queue", {url}));
         happened();
-        video().report(eMEDIA_CALLBACK_FINISHED);
-        EXPECT_EQ(std::string::npos, happened().find("7.Play"));
+        EXPECT_EQ(std::string::npos, reported(eMEDIA_CALLBACK_FINISHED).find("7.Play"));
         EXPECT_EQ("0", video().read("playState"));
         EXPECT_FALSE(video()->m_bUrlIsQueued);
         EXPECT_EQ("false", video().call("queue", {url}));
@@ -119,15 +99,12 @@ TEST_F(QueueAndLoop, ACountRepeatsSilentlyAndTheQueueWaitsForTheLastEnd) {
     video().is(MP_PLAYING);
     video().call("queue", {first});
     for (int i = 0; i < 2; ++i) {
-        video().report(eMEDIA_CALLBACK_FINISHED);
-        EXPECT_EQ("7.Stop() 7.Play(0)", happened());
+        EXPECT_EQ("7.Stop() 7.Play(0)", reported(eMEDIA_CALLBACK_FINISHED));
         EXPECT_EQ("5", video().read("playState"));
-        video().report(eMEDIA_CALLBACK_PLAYING);
-        EXPECT_EQ("onPlayStateChange(1) 7.sync.state(2,1)", happened());
+        EXPECT_EQ("onPlayStateChange(1) 7.sync.state(2,1)", reported(eMEDIA_CALLBACK_PLAYING));
     }
     EXPECT_EQ(1, logged(2, "m_bRepeateUtilNum = 1,m_nRepeateNum=2,m_bRepeateUntilStop = 0\n\n"));
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_EQ(hears5 + " 7.Stop() 7.Stop() " + starts + hears0and3, happened());
+    EXPECT_EQ(hears5 + " 7.Stop() 7.Stop() " + starts + hears0and3, reported(eMEDIA_CALLBACK_FINISHED));
     EXPECT_FALSE(video()->m_bRepeateUtilNum);
     EXPECT_EQ(0, video()->m_nRepeateNum);
 }
@@ -137,22 +114,23 @@ TEST_F(QueueAndLoop, CountsBelowTwoEndAtTheFirstEnd) {
     for (const double count : {1.0, 0.0, -2147483648.0, -5.0}) {
         video().write("loop", count);
         video().is(MP_PLAYING);
-        video().report(eMEDIA_CALLBACK_FINISHED);
-        EXPECT_EQ("7.Stop() " + hears5, happened()) << count;
+        EXPECT_EQ("7.Stop() " + hears5, reported(eMEDIA_CALLBACK_FINISHED)) << count;
         EXPECT_FALSE(video()->m_bRepeateUtilNum);
     }
 }
 
-TEST_F(QueueAndLoop, AnInfiniteLoopEndsWithStop) {
+TEST_F(QueueAndLoop, StopEndsAnInfiniteLoopAndDropsTheItem) {
     video().write("loop", "infinite");
     for (int i = 0; i < 4; ++i) {
         video().is(MP_PLAYING);
-        video().report(eMEDIA_CALLBACK_FINISHED);
-        EXPECT_EQ("7.Stop() 7.Play(0)", happened());
+        EXPECT_EQ("7.Stop() 7.Play(0)", reported(eMEDIA_CALLBACK_FINISHED));
     }
-    video().call("stop");
-    delivered();
     video().is(MP_PLAYING);
-    video().report(eMEDIA_CALLBACK_FINISHED);
-    EXPECT_EQ("7.Stop()", happened());
+    video().call("queue", {first});
+    video().call("stop");
+    video().call("play");
+    delivered();
+    EXPECT_EQ("7.Stop()", reported(eMEDIA_CALLBACK_FINISHED));
+    EXPECT_EQ("5", video().read("playState"));
+    EXPECT_EQ(5, logged(2, "!!!MediaCallback called end!!!\n"));
 }

