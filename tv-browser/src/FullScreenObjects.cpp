@@ -11,7 +11,7 @@ namespace {
 
 /** What is overridden. The origin's two parts: the engine does not remove their common property. */
 const QStringList styleProperties = {QStringLiteral("-webkit-transform"), QStringLiteral("-webkit-transform-origin-x"),
-                                     QStringLiteral("-webkit-transform-origin-y")};
+                                     QStringLiteral("-webkit-transform-origin-y"), QStringLiteral("position")};
 
 constexpr double pixelTolerance = 0.5;
 
@@ -32,8 +32,12 @@ void setStyle(QWebElement& element, const QStringList& values, const QString& pr
     }
 }
 
-void setTransform(QWebElement& element, const QString& transform) {
-    setStyle(element, {transform, QStringLiteral("0"), QStringLiteral("0")}, QStringLiteral(" !important"));
+/** @param position the page's own; where that leaves no gap the object is taken out of what cuts it */
+void setTransform(QWebElement& element, const QString& transform, const QString& position) {
+    const bool isOutOfFlow = position == QLatin1String("absolute") || position == QLatin1String("fixed");
+    setStyle(element,
+             {transform, QStringLiteral("0"), QStringLiteral("0"), isOutOfFlow ? QStringLiteral("fixed") : position},
+             QStringLiteral(" !important"));
 }
 
 bool isNear(const QRectF& a, const QRectF& b) {
@@ -72,13 +76,14 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
         if (state.isFullScreen && !state.box.isEmpty()) {
             m_any = true;
             m_anySeen |= state.isSeen;
-            Stretched object{element, {}, {}, state.viewport};
+            Stretched object{element, {}, {}, state.viewport, {}};
             if (isKnown) {
                 object = *known;
                 state.box = beforeTransform(state.box, known->place, known->viewport);
             } else if (!isNear(state.box, QRectF(QPointF(), state.viewport))) {
                 object.formerStyle = styleOf(element);
-                setTransform(element, QStringLiteral("none")); // The page's own would count twice.
+                object.position = element.styleProperty(QStringLiteral("position"), QWebElement::ComputedStyle);
+                setTransform(element, QStringLiteral("none"), object.position); // The page's own would count twice.
                 state = objectStateOf(element);
             } else {
                 continue; // It covers its frame by itself.
@@ -101,9 +106,11 @@ void FullScreenObjects::updateFrame(QWebFrame& frame, QList<Stretched>& stillStr
 /** Maps the object's place to the viewport. */
 void FullScreenObjects::stretch(Stretched& object) {
     const QRectF& place = object.place;
-    setTransform(object.element, QStringLiteral("translate(%1px, %2px) scale(%3, %4)")
-                                     .arg(-place.left())
-                                     .arg(-place.top())
-                                     .arg(object.viewport.width() / place.width(), 0, 'g', 12)
-                                     .arg(object.viewport.height() / place.height(), 0, 'g', 12));
+    setTransform(object.element,
+                 QStringLiteral("translate(%1px, %2px) scale(%3, %4)")
+                     .arg(-place.left())
+                     .arg(-place.top())
+                     .arg(object.viewport.width() / place.width(), 0, 'g', 12)
+                     .arg(object.viewport.height() / place.height(), 0, 'g', 12),
+                 object.position);
 }

@@ -3,7 +3,7 @@
  *
  * In that mode the player's window is the screen while the object keeps its place in the layout, and its z-index. So
  * the hole that the object makes in the page has to be the screen too: a transform on the element does it, which
- * changes no layout.
+ * changes no layout. An element that is placed absolutely also becomes a fixed one, so that its parents do not cut it.
  */
 #ifndef FULLSCREENOBJECTS_H
 #define FULLSCREENOBJECTS_H
@@ -40,6 +40,7 @@ private:
         QStringList formerStyle; ///< the element's own values of the properties that are overridden
         QRectF place;            ///< in the layout, as the transform in force supposes
         QSizeF viewport;
+        QString position; ///< the page's, as computed
     };
 
     static void stretch(Stretched& object);
