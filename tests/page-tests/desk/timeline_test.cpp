@@ -59,7 +59,8 @@ TEST(Timeline, TellsTheStoryInTheDocumentedForm) {
     const QString path = folder.filePath("timeline.jsonl");
     ASSERT_EQ(0, browse({"--verdict", "--exit-after", "40", "--timeline", path, "--keys",
                          "wait:1,RIGHT,wait:3,RIGHT,wait:9,RIGHT", "--fault", "*.ts=status:404", "--mount",
-                         "shared=" PAGES "/..", "--mount", "media=" MEDIA, PAGES "/timeline.html"}));
+                         QString("shared=" PAGES "/.."), "--mount", QString("media=" MEDIA),
+                         QString(PAGES "/timeline.html")}));
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const auto kinds = documentedKinds();

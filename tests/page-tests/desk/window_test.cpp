@@ -98,8 +98,8 @@ private:
 
 /** Switches the television on, with a person in front of it, who switches it off. */
 void inFrontOf(const QString& page, const std::function<void(TvWindow&, Person&)>& act) {
-    const CommandLineResult parsed =
-        parseCommandLine({"tv-browser", "--mount", "shared=" PAGES "/..", "--mount", "media=" MEDIA, page});
+    const CommandLineResult parsed = parseCommandLine(
+        {"tv-browser", "--mount", QString("shared=" PAGES "/.."), "--mount", QString("media=" MEDIA), page});
     ASSERT_TRUE(parsed.commandLine) << parsed.text.toStdString();
     Television television(*parsed.commandLine, monotonicUs());
     QTimer::singleShot(0, &television, [&act] {
