@@ -1,5 +1,5 @@
 /** Serves a page and its media on the loopback interface, from a process whose cost counts for neither player. */
-#include "LoopbackServer.h"
+#include "server/LoopbackServer.h"
 
 #include <cstdio>
 #include <unistd.h>

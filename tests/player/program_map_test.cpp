@@ -1,5 +1,5 @@
 // Marks that broadcasters set and no encoder of ours does.
-#include "ProgramMapReader.h"
+#include "tracks/ProgramMapReader.h"
 
 #include <dvbpsi/dvbpsi.h>
 #include <dvbpsi/psi.h>

@@ -1,0 +1,193 @@
+#include "http/MediaConnections.h"
+
+#include "gst/GstPointer.h"
+#include "trace/MediaTrace.h"
+
+#include <algorithm>
+#include <libsoup/soup.h>
+#include <mutex>
+#include <vector>
+
+namespace media {
+namespace {
+
+constexpr const char* OF_A_SOURCE = "media-control-of-a-source";
+
+enum class Stage { Unknown, Resolving, Connecting, Securing, Asking, Answered };
+
+struct Media {
+    const MediaConnections* key;
+    PlayerThread* thread;
+    int player;
+    std::string url;
+    Stage stage;      // of the request for that address
+    std::string peer; // which it is sent to: host and port
+};
+
+struct Registry {
+    std::mutex mutex; // guards all below
+    std::vector<Media> media;
+};
+
+Registry& registry() {
+    // Never destroyed: GStreamer's threads may still run while the process ends.
+    static Registry& instance = *new Registry;
+    return instance;
+}
+
+std::string textOf(GUri* uri) {
+    return TextPtr(g_uri_to_string(uri)).get();
+}
+
+/** @return the address in the HTTP library's own spelling; as it is when that cannot read it */
+std::string spelled(const std::string& url) {
+    GUri* uri = g_uri_parse(url.c_str(), static_cast<GUriFlags>(SOUP_HTTP_URI_FLAGS), nullptr);
+    if (!uri) {
+        return url;
+    }
+    const std::string text = textOf(uri);
+    g_uri_unref(uri);
+    return text;
+}
+
+size_t likeness(const std::string& a, const std::string& b) {
+    const auto end = a.begin() + static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    return static_cast<size_t>(std::mismatch(a.begin(), end, b.begin()).first - a.begin());
+}
+
+std::string describe(SoupMessage* message, const std::string& url) {
+    const char* range = soup_message_headers_get_one(soup_message_get_request_headers(message), "Range");
+    return "GET " + url + (range ? std::string(" ") + range : "");
+}
+
+int64_t bytesOf(SoupMessage* message) {
+    SoupMessageHeaders* headers = soup_message_get_response_headers(message);
+    return soup_message_headers_get_encoding(headers) == SOUP_ENCODING_CONTENT_LENGTH
+               ? soup_message_headers_get_content_length(headers)
+               : -1;
+}
+
+/** @return the media that the message was sent for as its own; null for others. Needs the registry's lock. */
+Media* ownerOf(SoupMessage* message) {
+    std::vector<Media>& all = registry().media;
+    // A source's message stays the same one when the server sends it to another address.
+    const gpointer known = g_object_get_data(G_OBJECT(message), OF_A_SOURCE);
+    const std::string url = known ? std::string() : textOf(soup_message_get_uri(message));
+    // Of equals the last: it was started last.
+    const auto found = std::find_if(all.rbegin(), all.rend(), [known, &url](const Media& media) {
+        return known ? media.key == known : media.url == url;
+    });
+    if (found == all.rend()) {
+        return nullptr;
+    }
+    g_object_set_data(G_OBJECT(message), OF_A_SOURCE, const_cast<MediaConnections*>(found->key));
+    return &*found;
+}
+
+void traceLater(const Media& media, SoupMessage* message, const std::string& url) {
+    // Later: a command that waits for this thread may hold back all traces.
+    media.thread->post([player = media.player, request = describe(message, url),
+                        status = static_cast<int>(soup_message_get_status(message)),
+                        bytes = bytesOf(message)] { traceAnswer(player, request, status, bytes); });
+}
+
+/** Every answer of the process's HTTP library passes here, on the thread that has it. */
+gboolean onAnswer(GSignalInvocationHint*, guint, const GValue* values, gpointer) {
+    auto* message = static_cast<SoupMessage*>(g_value_get_object(values));
+    Registry& all = registry();
+    const std::lock_guard<std::mutex> lock(all.mutex);
+    if (Media* owner = ownerOf(message)) {
+        owner->stage = Stage::Answered;
+        return TRUE;
+    }
+    if (g_object_get_data(G_OBJECT(message), OF_A_SOURCE)) {
+        return TRUE; // of a media that is over
+    }
+    const std::string url = textOf(soup_message_get_uri(message));
+    const auto found = std::max_element(all.media.rbegin(), all.media.rend(), [&url](const Media& a, const Media& b) {
+        return likeness(a.url, url) < likeness(b.url, url);
+    });
+    if (found != all.media.rend()) {
+        traceLater(*found, message, url);
+    }
+    return TRUE;
+}
+
+Stage stageAfter(GSocketClientEvent event) {
+    switch (event) {
+    case G_SOCKET_CLIENT_RESOLVING:
+        return Stage::Resolving;
+    case G_SOCKET_CLIENT_RESOLVED:
+    case G_SOCKET_CLIENT_CONNECTING:
+        return Stage::Connecting;
+    case G_SOCKET_CLIENT_TLS_HANDSHAKING:
+        return Stage::Securing;
+    default:
+        return Stage::Asking;
+    }
+}
+
+/** As onAnswer, for each step of a connection. */
+gboolean onStep(GSignalInvocationHint*, guint, const GValue* values, gpointer) {
+    auto* message = static_cast<SoupMessage*>(g_value_get_object(values));
+    const std::lock_guard<std::mutex> lock(registry().mutex);
+    if (Media* owner = ownerOf(message)) {
+        GUri* uri = soup_message_get_uri(message);
+        owner->stage = stageAfter(static_cast<GSocketClientEvent>(g_value_get_enum(values + 1)));
+        owner->peer = std::string(g_uri_get_host(uri)) + ":" + std::to_string(g_uri_get_port(uri));
+    }
+    return TRUE;
+}
+
+void listenOnce() {
+    static const bool listens = [] {
+        g_type_class_ref(SOUP_TYPE_MESSAGE);
+        const auto listen = [](const char* signal, GSignalEmissionHook hook) {
+            g_signal_add_emission_hook(g_signal_lookup(signal, SOUP_TYPE_MESSAGE), 0, hook, nullptr, nullptr);
+        };
+        listen("got-headers", onAnswer);
+        listen("network-event", onStep);
+        return true;
+    }();
+    static_cast<void>(listens);
+}
+
+} // namespace
+
+MediaConnections::MediaConnections(PlayerThread& thread, int player, const std::string& url) {
+    listenOnce();
+    const Media media = {this, &thread, player, spelled(url), Stage::Unknown, {}};
+    const std::lock_guard<std::mutex> lock(registry().mutex);
+    registry().media.push_back(media);
+}
+
+MediaConnections::~MediaConnections() {
+    std::vector<Media>& media = registry().media;
+    const std::lock_guard<std::mutex> lock(registry().mutex);
+    media.erase(std::remove_if(media.begin(), media.end(), [this](const Media& entry) { return entry.key == this; }),
+                media.end());
+}
+
+std::string MediaConnections::failure() const {
+    const std::lock_guard<std::mutex> lock(registry().mutex);
+    const std::vector<Media>& all = registry().media;
+    const auto own = std::find_if(all.begin(), all.end(), [this](const Media& entry) { return entry.key == this; });
+    const std::string& peer = own->peer;
+    switch (own->stage) {
+    case Stage::Resolving:
+        return "no address is known for the host of " + peer + "; check its spelling and the network's name service";
+    case Stage::Connecting:
+        return "the connection is refused: no server answers at " + peer;
+    case Stage::Securing:
+        return "no secure connection to " + peer + ": its certificate is not trusted, or it does not speak TLS";
+    case Stage::Asking:
+        return "the server at " + peer + " closed the connection without an answer";
+    case Stage::Answered:
+        return "the connection to " + peer + " broke off";
+    case Stage::Unknown:
+        break;
+    }
+    return {};
+}
+
+} // namespace media

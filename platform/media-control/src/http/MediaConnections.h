@@ -1,0 +1,33 @@
+/** What GStreamer's HTTP library does for a media and GStreamer keeps to itself. */
+#ifndef MEDIA_CONTROL_MEDIACONNECTIONS_H
+#define MEDIA_CONTROL_MEDIACONNECTIONS_H
+
+#include "gst/PlayerThread.h"
+
+#include <string>
+
+namespace media {
+
+/**
+ * While it lives, the answers to a media's requests for playlists, segments and the like are told to the observer of
+ * media_trace.h, and it is kept how far the connection for the media's own address got. The HTTP library does not know
+ * the media: with several at once each answer is told of the media whose address begins most like the request's.
+ * Answers to the media's own address are those of RequestTrace.h.
+ */
+class MediaConnections {
+public:
+    /** @param thread where the answers are traced; outlives this @param url of the media, absolute. Thread: any. */
+    MediaConnections(PlayerThread& thread, int player, const std::string& url);
+    ~MediaConnections();
+
+    MediaConnections(const MediaConnections&) = delete;
+    MediaConnections& operator=(const MediaConnections&) = delete;
+
+    /** @return for people: what a failed connection for the media's own address failed in; empty when not known. Any
+     *          thread. */
+    std::string failure() const;
+};
+
+} // namespace media
+
+#endif

@@ -1,0 +1,245 @@
+#include "playback/PlayerStatus.h"
+
+#include "trace/MediaTrace.h"
+
+#include <algorithm>
+
+namespace media {
+namespace {
+
+const char* eventName(eMEDIA_CALLBACK_EVENT event) {
+    switch (event) {
+    case eMEDIA_CALLBACK_STOPPED:
+        return "STOPPED";
+    case eMEDIA_CALLBACK_PLAYING:
+        return "PLAYING";
+    case eMEDIA_CALLBACK_PAUSED:
+        return "PAUSED";
+    case eMEDIA_CALLBACK_CONNECTING:
+        return "CONNECTING";
+    case eMEDIA_CALLBACK_BUFFERING:
+        return "BUFFERING";
+    case eMEDIA_CALLBACK_FINISHED:
+        return "FINISHED";
+    case eMEDIA_CALLBACK_POSITION_CHANGED:
+        return "POSITION_CHANGED";
+    case eMEDIA_CALLBACK_SPEED_CHANGED:
+        return "SPEED_CHANGED";
+    case eMEDIA_CALLBACK_ERROR:
+        return "ERROR";
+    case eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED:
+        return "SELECTED_COMPONENT_CHANGED";
+    case eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED:
+        return "PARENTAL_RATING_CHANGED";
+    case eMEDIA_CALLBACK_DRM_RIGHTS_ERROR:
+        return "DRM_RIGHTS_ERROR";
+    default:
+        return "unknown event";
+    }
+}
+
+/** A live stream offers only what its server still keeps and already has. */
+bool isAvailable(GstElement* pipeline, int64_t ms) {
+    gint64 start = -1;
+    gint64 end = -1;
+    GstQuery* query = gst_query_new_seeking(GST_FORMAT_TIME);
+    if (gst_element_query(pipeline, query)) {
+        gst_query_parse_seeking(query, nullptr, nullptr, &start, &end);
+    }
+    gst_query_unref(query);
+    const int64_t position = ms * static_cast<int64_t>(GST_MSECOND);
+    return position >= start && (end < 0 || position <= end);
+}
+
+} // namespace
+
+void PlayerStatus::setCallback(Hbbtv_AL_MediaPlayerCallback callback, void* userData) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_callback = callback;
+    m_userData = userData;
+}
+
+void PlayerStatus::forgetMedia() {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_position = -1;
+    m_duration = -1;
+}
+
+unsigned PlayerStatus::startRun() {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_phase = Phase::RUNNING;
+    m_pipeline.reset();
+    m_position = 0;
+    m_origin = 0;
+    m_duration = 0;
+    m_seekable = true;
+    m_speed = 0;
+    return ++m_run;
+}
+
+unsigned PlayerStatus::stopRun() {
+    position(); // the last one stays
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_phase == Phase::STOPPED) {
+        return 0;
+    }
+    m_phase = Phase::STOPPED;
+    m_pipeline.reset();
+    m_speed = 0;
+    return ++m_run;
+}
+
+bool PlayerStatus::isStopped() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_phase == Phase::STOPPED;
+}
+
+bool PlayerStatus::isRunning() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_phase == Phase::RUNNING;
+}
+
+bool PlayerStatus::hasFinished() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_phase == Phase::FINISHED;
+}
+
+bool PlayerStatus::canSeekTo(int ms) const {
+    ElementPtr live;
+    int64_t position = ms;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_phase != Phase::RUNNING || !m_seekable) {
+            return false;
+        }
+        if (m_duration > 0 || !m_pipeline) {
+            return m_duration == 0 || ms <= m_duration;
+        }
+        live = shareElement(m_pipeline.get());
+        position += m_origin;
+    }
+    return isAvailable(live.get(), position);
+}
+
+int64_t PlayerStatus::position() {
+    ElementPtr pipeline;
+    unsigned run = 0;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_pipeline) {
+            return m_position;
+        }
+        pipeline = shareElement(m_pipeline.get());
+        run = m_run;
+    }
+    gint64 time = 0;
+    const bool known = gst_element_query_position(pipeline.get(), GST_FORMAT_TIME, &time);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (known && run == m_run && m_pipeline) {
+        m_position = clamped(time / static_cast<gint64>(GST_MSECOND) - m_origin);
+    }
+    return m_position;
+}
+
+int PlayerStatus::duration() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_duration;
+}
+
+int PlayerStatus::speed() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_speed;
+}
+
+unsigned PlayerStatus::run() const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_run;
+}
+
+bool PlayerStatus::isCurrent(unsigned run) const {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return run == m_run;
+}
+
+void PlayerStatus::holdPosition(unsigned run, int64_t ms) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_pipeline.reset();
+        m_position = clamped(ms);
+    }
+}
+
+void PlayerStatus::followPipeline(unsigned run, GstElement* pipeline) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_pipeline = shareElement(pipeline);
+    }
+}
+
+void PlayerStatus::setOrigin(unsigned run, int64_t ms) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_origin = ms;
+    }
+}
+
+void PlayerStatus::setMedia(unsigned run, int durationMs, bool seekable) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_duration = durationMs;
+        m_seekable = seekable;
+    }
+}
+
+void PlayerStatus::setSpeed(unsigned run, int speed) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_speed = speed;
+    }
+}
+
+void PlayerStatus::failRun(unsigned run) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    leave(run, Phase::FAILED);
+}
+
+void PlayerStatus::finishRun(unsigned run) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    leave(run, Phase::FINISHED);
+    if (run == m_run && m_duration > 0) {
+        m_position = m_duration;
+    }
+}
+
+void PlayerStatus::leave(unsigned run, Phase phase) {
+    if (run == m_run) {
+        m_phase = phase;
+        m_pipeline.reset();
+        m_speed = 0;
+    }
+}
+
+void PlayerStatus::report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
+    Hbbtv_AL_MediaPlayerCallback callback = nullptr;
+    void* userData = nullptr;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (run != m_run) {
+            return;
+        }
+        callback = m_callback;
+        userData = m_userData;
+    }
+    const bool hasCode = event >= eMEDIA_CALLBACK_ERROR;
+    traceReport(m_player, eventName(event) + (hasCode ? ' ' + std::to_string(code) : "") +
+                              (detail.empty() ? "" : " (" + detail + ")"));
+    if (callback) {
+        callback(static_cast<unsigned int>(m_player), event, code, nullptr, userData);
+    }
+}
+
+int64_t PlayerStatus::clamped(int64_t ms) const {
+    return std::max<int64_t>(0, m_duration > 0 ? std::min<int64_t>(ms, m_duration) : ms);
+}
+
+} // namespace media

@@ -1,0 +1,223 @@
+#include "player/Player.h"
+
+#include "gst/GstRuntime.h"
+#include "trace/MediaLog.h"
+
+namespace media {
+
+Player::Player(int handle)
+    : m_status(handle), m_subtitles(std::make_shared<Subtitles>(handle)), m_picture(std::make_shared<Picture>(handle)),
+      m_thread(PlayerThread::start()) {
+    m_thread->post([] { prepareGstreamer(); });
+}
+
+void Player::useTelevisionUserAgent() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    m_televisionUserAgent = true;
+}
+
+bool Player::setSource(const std::string& url) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (url.empty()) {
+        return false;
+    }
+    if (url != m_source) {
+        m_subtitles->startMedia();
+    }
+    m_source = url;
+    if (m_status.isStopped()) {
+        m_status.forgetMedia();
+    }
+    return true;
+}
+
+bool Player::setWindow(int x, int y, int width, int height) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (width < 0 || height < 0) {
+        return false;
+    }
+    const MediaPictureWindow before = m_picture->window();
+    m_picture->setWindow(x, y, width, height);
+    if (width != before.width || height != before.height) {
+        postToPlayback([](Playback& playback) { playback.fitWindow(); });
+    }
+    return true;
+}
+
+bool Player::play() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (m_status.isRunning()) {
+        postToPlayback([](Playback& playback) { playback.resume(); });
+        return true;
+    }
+    if (m_source.empty()) {
+        return false;
+    }
+    start(false);
+    return true;
+}
+
+bool Player::pause() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (!m_status.isStopped()) {
+        postToPlayback([](Playback& playback) { playback.pause(); });
+        return true;
+    }
+    if (m_source.empty()) {
+        return false;
+    }
+    start(true);
+    return true;
+}
+
+bool Player::resume() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (m_status.isStopped()) {
+        return false;
+    }
+    postToPlayback([](Playback& playback) { playback.resume(); });
+    return true;
+}
+
+bool Player::stop() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    stopPlayback();
+    return true;
+}
+
+bool Player::seek(int ms) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (!m_status.canSeekTo(ms)) {
+        return false;
+    }
+    postToPlayback([ms](Playback& playback) { playback.seek(ms); });
+    return true;
+}
+
+bool Player::setSpeed(int speed) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (!m_status.isRunning()) {
+        return false;
+    }
+    postToPlayback([speed](Playback& playback) { playback.setSpeed(speed); });
+    return true;
+}
+
+bool Player::select(AVComponentType type, int pid) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        return selectSubtitles(pid);
+    }
+    const std::string stream = m_components.streamOf(type, pid);
+    return !stream.empty() && postSelection(type, stream);
+}
+
+bool Player::selectDefault(AVComponentType type) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        const std::optional<int> pid = preferredSubtitles(listComponents(type));
+        return pid && selectSubtitles(pid);
+    }
+    const std::string stream = m_components.defaultStream(type);
+    return !stream.empty() && postSelection(type, stream);
+}
+
+bool Player::unselect(AVComponentType type, std::optional<int> pid) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
+        const std::optional<int> shown = m_subtitles->selected();
+        return shown && (!pid || pid == shown) && selectSubtitles(std::nullopt);
+    }
+    const std::string active = m_components.active()[static_cast<size_t>(type)];
+    if (active.empty() || (pid && m_components.streamOf(type, *pid) != active)) {
+        return false;
+    }
+    return postSelection(type, {});
+}
+
+bool Player::postSelection(AVComponentType type, const std::string& stream) {
+    postToPlayback([type, stream](Playback& playback) { playback.select(type, stream); });
+    return true;
+}
+
+void Player::inject(eMEDIA_CALLBACK_EVENT event, int code) {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    post([event, code](Player& player) { player.m_status.report(player.m_status.run(), event, code, "injected"); });
+}
+
+void Player::close() {
+    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    m_status.setCallback(nullptr, nullptr);
+    stopPlayback();
+    m_thread->quit();
+    m_closed = true;
+}
+
+void Player::post(std::function<void(Player&)> task) {
+    if (!m_closed) {
+        m_thread->post([self = shared_from_this(), task = std::move(task)] { task(*self); });
+    }
+}
+
+void Player::postToPlayback(std::function<void(Playback&)> command) {
+    post([command = std::move(command)](Player& player) {
+        if (player.m_playback) {
+            command(*player.m_playback);
+        }
+    });
+}
+
+void Player::start(bool paused) {
+    PlaybackSettings settings = {m_status.startRun(), m_source, m_televisionUserAgent, paused, 1};
+    m_components.open(settings.run, m_source);
+    m_picture->open(settings.run);
+    post([settings = std::move(settings)](Player& player) { player.startPlayback(settings); });
+}
+
+void Player::startPlayback(PlaybackSettings settings) {
+    endPlayback();
+    settings.toldSpeed = m_toldSpeed;
+    if (!m_status.isCurrent(settings.run)) {
+        return; // stopped before it began
+    }
+    const std::string& failure = prepareGstreamer();
+    if (failure.empty()) {
+        startSubtitles(settings);
+        m_playback = std::make_unique<Playback>(
+            PlaybackContext{*m_thread, m_status, m_components, m_picture, m_subtitles}, settings);
+        return;
+    }
+    MEDIA_LOG_ERROR(failure);
+    m_status.failRun(settings.run);
+    m_status.report(settings.run, eMEDIA_CALLBACK_ERROR, static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES),
+                    failure);
+}
+
+void Player::endPlayback() {
+    if (m_playback) {
+        m_toldSpeed = m_playback->toldSpeed();
+        m_playback.reset();
+    }
+}
+
+void Player::stopPlayback() {
+    const bool hasFinished = m_status.hasFinished();
+    const unsigned run = m_status.stopRun();
+    if (run == 0) {
+        m_picture->close();
+        return;
+    }
+    if (hasFinished) {
+        m_picture->hold(); // the last picture stays until another comes or a second stop
+    } else {
+        m_picture->close();
+    }
+    m_components.close();
+    post([run](Player& player) {
+        player.m_status.report(run, eMEDIA_CALLBACK_STOPPED);
+        player.endPlayback();
+        player.m_subtitleReaders.clear();
+    });
+}
+
+} // namespace media

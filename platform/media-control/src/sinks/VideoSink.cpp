@@ -1,0 +1,70 @@
+#include "sinks/VideoSink.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gst/app/gstappsink.h>
+
+namespace media {
+namespace {
+
+// A page may ask for a window of any size; larger pictures are left to the compositor to scale.
+constexpr double MAX_PIXELS = 1920.0 * 1080.0;
+
+// First the size, with letterbox, then the colours: each has a fast path, which one element for both has not. The sink
+// drops frames that come more than 20 ms late.
+constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter name=filter ! "
+                                    "videoconvert ! video/x-raw,format=BGRx ! "
+                                    "appsink name=sink max-buffers=1 drop=true qos=true max-lateness=20000000";
+
+struct FrameTarget {
+    std::shared_ptr<Picture> picture;
+    unsigned run;
+};
+
+GstFlowReturn onFrame(GstAppSink* sink, gpointer data) {
+    const auto* target = static_cast<const FrameTarget*>(data);
+    target->picture->show(target->run, SamplePtr(gst_app_sink_pull_sample(sink)));
+    return GST_FLOW_OK;
+}
+
+GstFlowReturn onFirstFrame(GstAppSink* sink, gpointer data) {
+    const auto* target = static_cast<const FrameTarget*>(data);
+    target->picture->show(target->run, SamplePtr(gst_app_sink_pull_preroll(sink)));
+    return GST_FLOW_OK;
+}
+
+} // namespace
+
+VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, unsigned run) : m_picture(picture) {
+    GstElement* made =
+        gst_parse_bin_from_description_full(DESCRIPTION, TRUE, nullptr, GST_PARSE_FLAG_FATAL_ERRORS, nullptr);
+    if (!made) {
+        return;
+    }
+    m_bin.reset(GST_ELEMENT(gst_object_ref_sink(made)));
+    const ElementPtr filter(gst_bin_get_by_name(GST_BIN(made), "filter"));
+    const ElementPtr sink(gst_bin_get_by_name(GST_BIN(made), "sink"));
+    m_filter = filter.get();
+    m_sink = sink.get();
+    GstAppSinkCallbacks callbacks = {};
+    callbacks.new_sample = &onFrame;
+    callbacks.new_preroll = &onFirstFrame;
+    gst_app_sink_set_callbacks(GST_APP_SINK(sink.get()), &callbacks, new FrameTarget{picture, run},
+                               &deleteUserData<FrameTarget>);
+    fitWindow();
+}
+
+void VideoSink::fitWindow() {
+    const CapsPtr caps(gst_caps_from_string("video/x-raw,pixel-aspect-ratio=1/1"));
+    const MediaPictureWindow window = m_picture->window();
+    if (window.width > 0 && window.height > 0) {
+        const double pixels = static_cast<double>(window.width) * window.height;
+        const double scale = std::min(1.0, std::sqrt(MAX_PIXELS / pixels));
+        const auto scaled = [scale](int size) { return std::max(1, static_cast<int>(std::lround(size * scale))); };
+        gst_caps_set_simple(caps.get(), "width", G_TYPE_INT, scaled(window.width), "height", G_TYPE_INT,
+                            scaled(window.height), nullptr);
+    }
+    g_object_set(m_filter, "caps", caps.get(), nullptr);
+}
+
+} // namespace media

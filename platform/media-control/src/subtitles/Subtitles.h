@@ -1,0 +1,94 @@
+/** The subtitle tracks that a page has given to a player, those of its media, and which is shown. Threads: any. */
+#ifndef MEDIA_CONTROL_SUBTITLES_H
+#define MEDIA_CONTROL_SUBTITLES_H
+
+#include "medialib_components.h"
+#include "subtitles/SubtitleReader.h"
+
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace media {
+
+/**
+ * Tracks stay with the player until its end, whatever it plays. Each new media makes new components of them, and shows
+ * none of them until a page selects one. The media's own subtitles are components of the media and last as long as a
+ * playback; only their cues are kept here. A track whose file cannot be read is no component; the file is tried again
+ * at the next start.
+ */
+class Subtitles {
+public:
+    /** A file that has to be read. */
+    struct Request {
+        size_t track;
+        std::string url; /**< absolute, or relative to an address that is not known */
+    };
+
+    explicit Subtitles(int player) : m_player(player) {}
+
+    /** @param url absolute, or relative to an address that is not known yet */
+    void add(const sub_properties_t& properties, const std::string& url);
+
+    /** The player has other media: components of the former are refused from now on. */
+    void startMedia();
+
+    /**
+     * A playback begins: files that could not be read, or were not read to their end, are to be read again, and the
+     * media's own subtitles come anew.
+     */
+    void startRun(unsigned run);
+
+    /** @return the tracks that nobody has been asked to read */
+    std::vector<Request> takeRequests();
+
+    /** The file of a track has been read. @return true when the track was the selected one and is none any more */
+    bool finishRequest(size_t track, SubtitleFile file);
+
+    /** The tracks, as Hbbtv_AL_MediaPlayerGetComponents but for `active`. */
+    std::vector<Hbbtv_AL_ComponentInfo> list() const;
+
+    /** A cue of the media's own subtitles; ignored unless its run is the one that began last. */
+    void addStreamCue(unsigned run, const std::string& stream, GstSample* sample);
+
+    /**
+     * @param pid    of a track or of one of the media's own streams; none to show nothing
+     * @param stream GStreamer's id of the stream, empty for a track
+     * @return true when another component is selected now
+     */
+    bool select(std::optional<int> pid, const std::string& stream);
+    std::optional<int> selected() const;
+
+    /** @return as mediaSubtitlesAt; empty for nothing */
+    std::string textAt(int64_t ms) const;
+
+private:
+    enum class State { UNREAD, ASKED, READ, BROKEN };
+
+    struct Track {
+        std::string url;
+        Hbbtv_AL_ComponentInfo info;
+        State state;
+        CueList cues;
+    };
+
+    void clearSelection();
+
+    const int m_player;
+    mutable std::mutex m_mutex; // guards all below
+    std::vector<Track> m_tracks;
+    std::optional<int> m_selected; // a pid
+    std::string m_selectedStream;  // empty when it is a track's
+    unsigned m_run = 0;
+    std::map<std::string, CueList> m_streamCues; // by stream id
+    int m_nextPid = 0x10000;                     // only counts up; far from the pids of a media's own streams
+};
+
+/** @return the pid of the first component in the language of the user's locale, else of the first; none without any */
+std::optional<int> preferredSubtitles(const std::vector<Hbbtv_AL_ComponentInfo>& infos);
+
+} // namespace media
+
+#endif

@@ -1,0 +1,70 @@
+/** The components of a player's media: what there is and what is seen and heard. Threads: any. */
+#ifndef MEDIA_CONTROL_COMPONENTS_H
+#define MEDIA_CONTROL_COMPONENTS_H
+
+#include "gst/GstPointer.h"
+#include "medialib_components.h"
+#include "tracks/TransportMarks.h"
+
+#include <array>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace media {
+
+constexpr size_t COMPONENT_TYPES = 3;
+
+/** GStreamer's id of the stream that is active, by component type; empty for none. */
+using StreamSelection = std::array<std::string, COMPONENT_TYPES>;
+
+class Components {
+public:
+    /** Nothing is known of the media yet; this run will tell. */
+    void open(unsigned run, const std::string& url);
+
+    /** There is no media any more, and what a run tells late is ignored. */
+    void close();
+
+    /** The media's streams; ignored unless its run is the open one, as for the next two. */
+    void setCollection(unsigned run, CollectionPtr collection);
+    void setMarks(unsigned run, std::shared_ptr<const TransportMarks> marks);
+    void setActive(unsigned run, const StreamSelection& active);
+    StreamSelection active() const;
+
+    /** As Hbbtv_AL_MediaPlayerGetComponents. */
+    std::vector<Hbbtv_AL_ComponentInfo> list(AVComponentType type) const;
+
+    /** @return the stream's id, empty when there is none */
+    std::string streamOf(AVComponentType type, int pid) const;
+
+    /** The stream that is seen or heard unless a page asks for another. @return its id, empty when there is none */
+    std::string defaultStream(AVComponentType type) const;
+
+private:
+    struct Entry {
+        std::string stream;
+        Hbbtv_AL_ComponentInfo info;
+    };
+    void forget(unsigned run);
+    void nameStreams();
+    std::vector<Entry> entries(AVComponentType type) const;
+
+    mutable std::mutex m_mutex; // guards all below
+    unsigned m_run = 0;         // 0: closed
+    CollectionPtr m_collection;
+    std::shared_ptr<const TransportMarks> m_marks; // null for none
+    StreamSelection m_active;
+    std::string m_url;                 // of the media that m_pids belongs to
+    std::map<std::string, int> m_pids; // by stream id: the same for each run of a media
+    int m_lastPid = 0; // only counts up, so that a component that a page has kept is none of the next media's
+};
+
+/** @return the component type of a stream, AV_COMPONENT_TYPE_INVALID for others */
+AVComponentType componentType(GstStream* stream);
+
+} // namespace media
+
+#endif

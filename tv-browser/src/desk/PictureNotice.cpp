@@ -1,0 +1,90 @@
+#include "desk/PictureNotice.h"
+
+#include <QEvent>
+
+namespace {
+
+using Kind = TimelineEntry::Kind;
+
+constexpr int shownMs = 8'000;
+constexpr int distance = 12; ///< from the picture's edges
+constexpr int padding = 10;
+constexpr int playing = 1;
+
+} // namespace
+
+PictureNotice::PictureNotice(QWidget* picture) : QLabel(picture) {
+    setTextFormat(Qt::PlainText);
+    setMargin(padding);
+    setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white; border-radius: 6px;"));
+    m_end.setSingleShot(true);
+    m_end.setInterval(shownMs);
+    connect(&m_end, &QTimer::timeout, this, &QWidget::hide);
+    picture->installEventFilter(this);
+    hide();
+}
+
+void PictureNotice::tell(const QString& what, const QString& advice) {
+    show(0, advice.isEmpty() ? QStringList(what) : QStringList{what, advice});
+}
+
+void PictureNotice::clearPage() {
+    if (m_object == 0) {
+        hide();
+    }
+}
+
+void PictureNotice::append(const TimelineEntries& entries) {
+    for (const TimelineEntry& entry : entries) {
+        const QString advice = QStringLiteral("F9 shows the requests and the player's reports that led to it.");
+        if (entry.kind == Kind::ERROR) {
+            const QString cause = entry.fields.value(QLatin1String("cause")).toString();
+            show(entry.object, {QStringLiteral("Object %1, error %2: %3%4")
+                                    .arg(entry.object)
+                                    .arg(entry.fields.value(QLatin1String("code")).toInt())
+                                    .arg(entry.fields.value(QLatin1String("name")).toString(),
+                                         cause.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(cause)),
+                                entry.fields.value(QLatin1String("url")).toString(), advice});
+        } else if (entry.kind == Kind::STALL) {
+            show(entry.object, {QStringLiteral("Object %1: %2").arg(entry.object).arg(entry.text), advice});
+        } else if (entry.object > 0 && entry.object == m_object) {
+            const bool plays =
+                entry.kind == Kind::STATE && entry.fields.value(QLatin1String("state")).toInt() == playing;
+            if (plays || entry.kind == Kind::GONE) {
+                hide();
+            }
+        }
+    }
+}
+
+void PictureNotice::show(int object, const QStringList& lines) {
+    m_object = object;
+    m_lines = lines;
+    m_end.start();
+    place();
+    raise();
+    setVisible(true);
+}
+
+/** Of an address that is too long, server and file name are what counts. */
+void PictureNotice::place() {
+    const int room = parentWidget()->width() - 2 * (distance + padding);
+    QStringList lines;
+    for (const QString& line : m_lines) {
+        lines.append(fontMetrics().elidedText(line, Qt::ElideMiddle, room));
+    }
+    setText(lines.join(QLatin1Char('\n')));
+    adjustSize();
+    move(distance, parentWidget()->height() - height() - distance);
+}
+
+bool PictureNotice::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Resize && isVisible()) {
+        place();
+    }
+    return false;
+}
+
+void PictureNotice::mousePressEvent(QMouseEvent*) {
+    hide();
+}

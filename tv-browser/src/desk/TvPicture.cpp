@@ -1,0 +1,53 @@
+#include "desk/TvPicture.h"
+
+#include "page/TvPage.h"
+#include "screen/TvScreen.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTransform>
+
+TvPicture::TvPicture(TvScreen& screen, QWidget* parent) : QWidget(parent), m_screen(screen) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMinimumSize(tvScreenSize / 5);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // It has what the panels leave.
+    connect(&screen, &TvScreen::changed, this, &TvPicture::updatePart);
+}
+
+QSize TvPicture::sizeHint() const {
+    return tvScreenSize;
+}
+
+QRectF TvPicture::pictureArea() const {
+    const QSizeF size = QSizeF(tvScreenSize).scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
+    return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
+}
+
+void TvPicture::updatePart(const QRegion& region) {
+    const QRectF area = pictureArea();
+    const qreal scale = area.width() / tvScreenSize.width();
+    const QTransform toWidget = QTransform(scale, 0, 0, scale, area.x(), area.y());
+    QRegion part;
+    for (const QRect& rectangle : region) {
+        // Smooth scaling spreads a pixel into its neighbours.
+        part += toWidget.mapRect(QRectF(rectangle)).toAlignedRect().adjusted(-1, -1, 1, 1);
+    }
+    update(part);
+}
+
+void TvPicture::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    emit keyboardLost();
+}
+
+void TvPicture::paintEvent(QPaintEvent* event) {
+    const QRectF area = pictureArea();
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    if (area.size() != QSizeF(size())) {
+        painter.fillRect(rect(), Qt::black);
+    }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, area.size() != QSizeF(tvScreenSize));
+    painter.drawImage(area, m_screen.picture());
+}

@@ -1,0 +1,66 @@
+#include "desk/TvWindow.h"
+
+#include "desk/TvPicture.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(screen, this)) {
+    setWindowTitle(QStringLiteral("HbbTV"));
+    m_layout.setContentsMargins(0, 0, 0, 0);
+    m_layout.setSpacing(0);
+    m_layout.addWidget(m_picture, 1);
+    resize(m_picture->sizeHint().boundedTo(QWidget::screen()->availableSize()));
+    m_picture->setFocus();
+    connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
+    connect(m_picture, &TvPicture::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
+}
+
+void TvWindow::addPanel(QWidget* panel, Side side) {
+    panel->hide();
+    m_layout.insertWidget(side == Side::LEFT ? 0 : m_layout.count(), panel);
+}
+
+void TvWindow::showPanel(QWidget& panel, bool visible) {
+    if (panel.isVisibleTo(this) == visible) {
+        return;
+    }
+    const int before = width();
+    panel.setVisible(visible);
+    m_layout.activate(); // so that the window knows how small it may be
+    if (!isMaximized() && !isFullScreen()) {
+        const int wanted = before + (visible ? panel.sizeHint().width() : -m_grownFor.value(&panel));
+        resize(qMin(wanted, QWidget::screen()->availableGeometry().width()), height());
+    }
+    m_grownFor[&panel] = visible ? width() - before : 0;
+    if (!visible) {
+        m_picture->setFocus();
+    }
+}
+
+void TvWindow::toggleFullScreen() {
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
+
+/** The keys of the remote control are for the picture; a panel that has the focus keeps its own. */
+void TvWindow::keyPressEvent(QKeyEvent* event) {
+    if (!m_picture->hasFocus()) {
+        if (event->key() == Qt::Key_Escape) {
+            m_picture->setFocus();
+        }
+        return;
+    }
+    m_keyboard.press(*event);
+}
+
+void TvWindow::keyReleaseEvent(QKeyEvent* event) {
+    m_keyboard.release(*event);
+}
+
+/** Other windows, as the inspector's, do not keep the television on. */
+void TvWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    QCoreApplication::exit(0);
+}

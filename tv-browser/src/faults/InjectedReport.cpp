@@ -1,0 +1,64 @@
+#include "faults/InjectedReport.h"
+
+#include "media_injection.h"
+#include "timeline/TimelineEntry.h"
+
+#include <QStringList>
+
+namespace {
+
+constexpr int errors = 7;
+constexpr int rightsErrors = 2; // OIPF DAE, onDRMRightsError: 0 no licence, 1 an invalid one
+
+QList<InjectedReport> makeReports() {
+    QList<InjectedReport> reports = {
+        {QStringLiteral("buffering"), QStringLiteral("buffering begins"), eMEDIA_CALLBACK_BUFFERING, 0, 0},
+        {QStringLiteral("playing"), QStringLiteral("playing goes on"), eMEDIA_CALLBACK_PLAYING, 0, 0},
+        {QStringLiteral("parental=blocked"), QStringLiteral("parental rating: blocked"),
+         eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED, 1, 0},
+        {QStringLiteral("parental=free"), QStringLiteral("parental rating: free"),
+         eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED, 0, 0},
+    };
+    for (int state = 0; state < rightsErrors; ++state) {
+        reports.append({QStringLiteral("rights=%1").arg(state),
+                        state == 0 ? QStringLiteral("content rights: no licence")
+                                   : QStringLiteral("content rights: invalid licence"),
+                        eMEDIA_CALLBACK_DRM_RIGHTS_ERROR, state, 0});
+    }
+    for (int code = 0; code < errors; ++code) {
+        reports.append({QStringLiteral("error=%1").arg(code),
+                        QStringLiteral("error %1: %2").arg(code).arg(playbackErrorName(code)), eMEDIA_CALLBACK_ERROR,
+                        code, 0});
+    }
+    return reports;
+}
+
+} // namespace
+
+const QList<InjectedReport>& injectableReports() {
+    static const QList<InjectedReport> reports = makeReports();
+    return reports;
+}
+
+std::optional<QList<InjectedReport>> parseInjectedReports(const QString& text, QString& wrong) {
+    QList<InjectedReport> parsed;
+    for (const QString& part : text.split(QLatin1Char(','))) {
+        bool isTime = false;
+        const double seconds = part.section(QLatin1Char(':'), 0, 0).toDouble(&isTime);
+        const QString name = part.section(QLatin1Char(':'), 1).trimmed();
+        const QList<InjectedReport>& all = injectableReports();
+        const auto found =
+            std::find_if(all.begin(), all.end(), [&name](const InjectedReport& report) { return report.name == name; });
+        if (!isTime || !(seconds >= 0 && seconds <= 1e6) || found == all.end()) {
+            wrong = part.trimmed();
+            return std::nullopt;
+        }
+        parsed.append(*found);
+        parsed.last().seconds = seconds;
+    }
+    return parsed;
+}
+
+bool inject(const InjectedReport& report) {
+    return mediaInjectReport(-1, report.event, report.code) != 0;
+}

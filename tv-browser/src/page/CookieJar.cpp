@@ -1,0 +1,63 @@
+#include "page/CookieJar.h"
+
+#include <QFile>
+#include <QMutexLocker>
+#include <QNetworkCookie>
+#include <QSaveFile>
+#include <cstdio>
+
+CookieJar::CookieJar(const QString& file) : m_file(file) {
+    load();
+}
+
+QByteArray CookieJar::headerFor(const QUrl& url) const {
+    QByteArray header;
+    for (const QNetworkCookie& cookie : cookiesForUrl(url)) {
+        header += (header.isEmpty() ? "" : "; ") + cookie.toRawForm(QNetworkCookie::NameAndValueOnly);
+    }
+    return header;
+}
+
+void CookieJar::clear() {
+    const QMutexLocker lock(&m_mutex);
+    setAllCookies({});
+    save();
+}
+
+QList<QNetworkCookie> CookieJar::cookiesForUrl(const QUrl& url) const {
+    const QMutexLocker lock(&m_mutex);
+    return QNetworkCookieJar::cookiesForUrl(url);
+}
+
+bool CookieJar::setCookiesFromUrl(const QList<QNetworkCookie>& cookies, const QUrl& url) {
+    const QMutexLocker lock(&m_mutex);
+    const bool changed = QNetworkCookieJar::setCookiesFromUrl(cookies, url);
+    if (changed) {
+        save();
+    }
+    return changed;
+}
+
+void CookieJar::load() {
+    QFile file(m_file);
+    if (!m_file.isEmpty() && file.open(QIODevice::ReadOnly)) {
+        setAllCookies(QNetworkCookie::parseCookies(file.readAll()));
+    }
+}
+
+void CookieJar::save() const {
+    if (m_file.isEmpty()) {
+        return;
+    }
+    QSaveFile file(m_file);
+    bool written = file.open(QIODevice::WriteOnly);
+    for (const QNetworkCookie& cookie : allCookies()) {
+        if (written && !cookie.isSessionCookie()) {
+            written = file.write(cookie.toRawForm() + '\n') > 0;
+        }
+    }
+    if (!written || !file.commit()) {
+        std::fprintf(stderr, "tv-browser: the cookies cannot be written to %s: %s\n", qUtf8Printable(m_file),
+                     qUtf8Printable(file.errorString()));
+    }
+}

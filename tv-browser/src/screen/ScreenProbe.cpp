@@ -1,0 +1,20 @@
+#include "screen/ScreenProbe.h"
+
+#include "screen/TvScreen.h"
+
+#include <QWebFrame>
+
+ScreenProbe::ScreenProbe(TvScreen& screen, QWebFrame& mainFrame) : m_screen(screen) {
+    connect(&mainFrame, &QWebFrame::javaScriptWindowObjectCleared, this,
+            [this, &mainFrame] { mainFrame.addToJavaScriptWindowObject(QStringLiteral("televisionScreen"), this); });
+}
+
+QVariantList ScreenProbe::brightness(const QVariantList& points) {
+    const QImage& picture = m_screen.picture();
+    QVariantList result;
+    for (int i = 0; i + 1 < points.size(); i += 2) {
+        const QPoint point(points[i].toInt(), points[i + 1].toInt());
+        result.append(picture.valid(point) ? qGray(picture.pixel(point)) : -1);
+    }
+    return result;
+}

@@ -1,0 +1,74 @@
+#include "screen/TvScreen.h"
+
+#include "page/TvPage.h"
+
+#include <QPainter>
+#include <QWebFrame>
+
+namespace {
+
+const QRect wholeScreen(QPoint(), tvScreenSize);
+
+} // namespace
+
+TvScreen::TvScreen(TvPage& page)
+    : m_page(page), m_fullScreenObjects(*page.mainFrame()), m_stale(wholeScreen),
+      m_picture(tvScreenSize, QImage::Format_RGB32) {
+    m_paintTimer.setSingleShot(true);
+    connect(&m_paintTimer, &QTimer::timeout, this, &TvScreen::paintPage);
+    connect(&page, &QWebPage::repaintRequested, this, &TvScreen::pageChanged);
+    connect(&page, &QWebPage::scrollRequested, this,
+            [this](int, int, const QRect& rectangle) { pageChanged(rectangle); });
+    connect(&m_planes, &VideoPlanes::changed, this, &TvScreen::addStale);
+    connect(&m_planes, &VideoPlanes::placesChanged, this, &TvScreen::updateObjects);
+    pageChanged(wholeScreen);
+}
+
+void TvScreen::pageChanged(const QRect& rectangle) {
+    m_pageDirty += rectangle & wholeScreen;
+    if (!m_pageDirty.isEmpty() && !m_paintTimer.isActive()) {
+        m_paintTimer.start(0);
+    }
+}
+
+void TvScreen::paintPage() {
+    QRegion dirty;
+    dirty.swap(m_pageDirty);
+    m_pagePicture.paint(*m_page.mainFrame(), dirty, m_isVideoBehindPage ? Qt::transparent : Qt::black);
+    if (m_fullScreenObjects.any() || m_planes.overlap()) {
+        updateObjects(); // The page may have moved or hidden one.
+    }
+    addStale(dirty);
+}
+
+void TvScreen::updateObjects() {
+    m_fullScreenObjects.update();
+    m_planes.setHidden(m_planes.overlap() ? m_fullScreenObjects.hiddenPlayers() : QSet<int>());
+    // What clips an object's place in the layout does not clip the screen.
+    if (m_fullScreenObjects.anySeen() != m_isVideoBehindPage) {
+        m_isVideoBehindPage = !m_isVideoBehindPage;
+        pageChanged(wholeScreen);
+    }
+}
+
+void TvScreen::addStale(const QRegion& region) {
+    const QRegion visible = region & wholeScreen;
+    if (!visible.isEmpty()) {
+        m_stale += visible;
+        emit changed(visible);
+    }
+}
+
+const QImage& TvScreen::picture() {
+    if (!m_stale.isEmpty()) {
+        QPainter painter(&m_picture);
+        painter.setClipRegion(m_stale);
+        painter.fillRect(wholeScreen, Qt::black);
+        m_planes.draw(painter);
+        for (const QRect& rectangle : m_stale) {
+            painter.drawImage(rectangle.topLeft(), m_pagePicture.image(), rectangle);
+        }
+        m_stale = QRegion();
+    }
+    return m_picture;
+}

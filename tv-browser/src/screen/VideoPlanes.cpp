@@ -1,0 +1,126 @@
+#include "screen/VideoPlanes.h"
+
+#include "media_subtitles.h"
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+std::vector<MediaPictureWindow> currentWindows() {
+    std::array<MediaPictureWindow, 32> windows{};
+    const int count = mediaPictureWindows(windows.data(), static_cast<int>(windows.size()));
+    return {windows.begin(), windows.begin() + count};
+}
+
+QRect rectangleOf(const MediaPictureWindow& window) {
+    return {window.x, window.y, window.width, window.height};
+}
+
+bool isSame(const MediaPictureWindow& a, const MediaPictureWindow& b) {
+    return a.player == b.player && rectangleOf(a) == rectangleOf(b);
+}
+
+bool isIn(const std::vector<MediaPictureWindow>& windows, int player) {
+    return std::any_of(windows.begin(), windows.end(),
+                       [player](const auto& window) { return window.player == player; });
+}
+
+QRegion regionOf(const QSet<int>& players, const std::vector<MediaPictureWindow>& windows) {
+    QRegion region;
+    for (const MediaPictureWindow& window : windows) {
+        if (players.contains(window.player)) {
+            region += rectangleOf(window);
+        }
+    }
+    return region;
+}
+
+/** The rectangle that a picture of that size fills in a window without changing its shape. */
+QRect fitted(const QSize& picture, const QRect& window) {
+    QRect target(QPoint(), picture.scaled(window.size(), Qt::KeepAspectRatio));
+    target.moveCenter(window.center());
+    return target;
+}
+
+struct FreeText {
+    void operator()(char* text) const { std::free(text); }
+};
+
+} // namespace
+
+VideoPlanes::VideoPlanes() {
+    mediaPictureSetCallback(&VideoPlanes::notify, this);
+}
+
+VideoPlanes::~VideoPlanes() {
+    mediaPictureSetCallback(nullptr, nullptr);
+}
+
+void VideoPlanes::notify(int player, void* planes) {
+    auto* self = static_cast<VideoPlanes*>(planes);
+    const std::lock_guard<std::mutex> lock(self->m_mutex);
+    if (self->m_notified.isEmpty()) {
+        QMetaObject::invokeMethod(self, &VideoPlanes::update, Qt::QueuedConnection);
+    }
+    self->m_notified.insert(player);
+}
+
+void VideoPlanes::update() {
+    QSet<int> players;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        players.swap(m_notified);
+    }
+    const std::vector<MediaPictureWindow> windows = currentWindows();
+    const bool placesSame = std::equal(windows.begin(), windows.end(), m_windows.begin(), m_windows.end(), isSame);
+    const QRegion region = regionOf(players, m_windows) + regionOf(players, windows);
+    const bool pictureless =
+        std::any_of(players.begin(), players.end(), [&windows](int player) { return !isIn(windows, player); });
+    m_windows = windows;
+    if (!region.isEmpty()) {
+        emit changed(region);
+    }
+    if (!placesSame || pictureless) {
+        emit placesChanged();
+    }
+}
+
+bool VideoPlanes::overlap() const {
+    QRegion taken;
+    for (const MediaPictureWindow& window : m_windows) {
+        if (taken.intersects(rectangleOf(window))) {
+            return true;
+        }
+        taken += rectangleOf(window);
+    }
+    return false;
+}
+
+void VideoPlanes::setHidden(const QSet<int>& players) {
+    if (players != m_hidden) {
+        const QRegion region = regionOf(m_hidden + players, m_windows);
+        m_hidden = players;
+        emit changed(region);
+    }
+}
+
+void VideoPlanes::draw(QPainter& painter) {
+    for (const MediaPictureWindow& window : m_windows) {
+        MediaPicture picture{};
+        if (m_hidden.contains(window.player) || !mediaPictureAcquire(window.player, &picture)) {
+            continue;
+        }
+        const QImage image(picture.pixels, picture.width, picture.height, picture.stride, QImage::Format_RGB32);
+        const QRect place = rectangleOf(window);
+        painter.fillRect(place, Qt::black);
+        painter.drawImage(fitted(image.size(), place), image);
+        const std::unique_ptr<char, FreeText> text(mediaSubtitlesAt(window.player, picture.timeMs));
+        m_subtitlePainter.draw(painter, window.player, QString::fromUtf8(text.get()), place);
+        mediaPictureRelease(&picture);
+    }
+}

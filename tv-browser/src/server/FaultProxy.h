@@ -1,0 +1,38 @@
+/**
+ * An HTTP proxy (RFC 9110, 3.7) on the loopback interface: passes on what other servers answer, in order or with
+ * faults.
+ */
+#ifndef FAULTPROXY_H
+#define FAULTPROXY_H
+
+#include "server/ServerFault.h"
+
+#include <memory>
+#include <vector>
+
+class FaultProxy {
+public:
+    FaultProxy();
+
+    /** Cuts connections that are still open and returns when no thread of the proxy runs any more. */
+    ~FaultProxy();
+
+    FaultProxy(const FaultProxy&) = delete;
+    FaultProxy& operator=(const FaultProxy&) = delete;
+
+    /**
+     * Listens on a free port of 127.0.0.1 and answers GET and HEAD requests for http addresses, each on a thread and
+     * with a connection of its own.
+     * @return the port, or 0 when there is none to be had. To be called once.
+     */
+    int start();
+
+    /** Sets the faults of requests that begin from now on. Thread: any. */
+    void setFaults(std::vector<ServerFaultRule> rules);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+#endif

@@ -1,0 +1,15 @@
+/**
+ * What the observers of plug-in objects and players tell, as entries of the timeline.
+ */
+#ifndef OBSERVEDENTRY_H
+#define OBSERVEDENTRY_H
+
+#include "HbbTVPluginTrace.h"
+#include "media_trace.h"
+#include "timeline/TimelineEntry.h"
+
+TimelineEntry observedEntry(const HbbTVPluginTraceEntry& observed);
+
+TimelineEntry observedEntry(const MediaTraceEntry& observed);
+
+#endif

@@ -1,0 +1,207 @@
+#include "timeline/panel/StateBands.h"
+
+#include "base/MonotonicTime.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <array>
+
+namespace {
+
+using Kind = TimelineEntry::Kind;
+
+constexpr int64_t longestSpanUs = 60'000'000;
+constexpr int64_t shortestSpanUs = 10'000'000;
+constexpr int64_t tickUs = 10'000'000;
+constexpr int refreshMs = 250;
+constexpr int endOfObject = -1;
+constexpr int mostBands = 6;
+constexpr int rowHeight = 26;
+constexpr int legendHeight = 22;
+constexpr int scaleHeight = 16;
+constexpr int labelWidth = 26;
+
+const QColor background(0x14, 0x16, 0x1b);
+const QColor faint(0x3a, 0x3f, 0x47);
+const QColor text(0xc8, 0xcc, 0xd2);
+
+} // namespace
+
+QColor playStateColour(int state) {
+    static const std::array<QColor, 7> colours = {
+        QColor(0x3a, 0x3f, 0x47), QColor(0x2e, 0x9d, 0x4f), QColor(0x8a, 0x93, 0xa3), QColor(0x3b, 0x7d, 0xe0),
+        QColor(0xe0, 0xb4, 0x00), QColor(0x8e, 0x5f, 0xc9), QColor(0xd3, 0x2f, 0x2f)};
+    return state >= 0 && state < static_cast<int>(colours.size()) ? colours[static_cast<size_t>(state)] : background;
+}
+
+StateBands::StateBands(int64_t startUs) : m_startUs(startUs) {
+    m_timer.setInterval(refreshMs);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_nowUs = monotonicUs() - m_startUs;
+        forgetOld(m_nowUs - longestSpanUs);
+        update();
+    });
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+}
+
+void StateBands::append(const TimelineEntries& entries) {
+    const int before = m_bands.size();
+    for (const TimelineEntry& entry : entries) {
+        if (entry.object == 0) {
+            continue;
+        }
+        if (entry.kind == Kind::CREATED) {
+            m_bands[entry.object].changes.append({entry.timeUs, 0});
+        } else if (entry.kind == Kind::STATE) {
+            m_bands[entry.object].changes.append({entry.timeUs, entry.fields.value(QLatin1String("state")).toInt()});
+        } else if (entry.kind == Kind::GONE) {
+            m_bands[entry.object].changes.append({entry.timeUs, endOfObject});
+        } else if (entry.kind == Kind::ERROR || entry.kind == Kind::STALL) {
+            m_bands[entry.object].marks.append(
+                {entry.timeUs, entry.kind == Kind::ERROR ? QColor(0xff, 0x52, 0x52) : QColor(0xff, 0xca, 0x4f),
+                 QLatin1String(timelineKindName(entry.kind)) + QLatin1Char(' ') + entry.text});
+        }
+        m_nowUs = qMax(m_nowUs, entry.timeUs);
+    }
+    forgetOld(m_nowUs - longestSpanUs);
+    if (m_bands.size() != before) {
+        updateGeometry();
+    }
+}
+
+/** What ended, or changed again, before that time is seen no more. */
+void StateBands::forgetOld(int64_t beforeUs) {
+    for (auto it = m_bands.begin(); it != m_bands.end();) {
+        QVector<Change>& changes = it->changes;
+        while (changes.size() > 1 && changes[1].timeUs < beforeUs) {
+            changes.removeFirst();
+        }
+        while (!it->marks.isEmpty() && it->marks.constFirst().timeUs < beforeUs) {
+            it->marks.removeFirst();
+        }
+        const bool isOver =
+            !changes.isEmpty() && changes.constFirst().state == endOfObject && changes.constFirst().timeUs < beforeUs;
+        it = isOver ? m_bands.erase(it) : it + 1;
+    }
+}
+
+QSize StateBands::sizeHint() const {
+    return {400, legendHeight + scaleHeight + rowHeight * qBound(1, m_bands.size(), mostBands)};
+}
+
+QSize StateBands::minimumSizeHint() const {
+    return {0, legendHeight + scaleHeight + rowHeight};
+}
+
+/** @return the newest objects, as many as there is room for; older ones are rarely what a person looks for */
+QList<int> StateBands::shownObjects() const {
+    const int room = qBound(1, (height() - legendHeight - scaleHeight) / rowHeight, mostBands);
+    return m_bands.keys().mid(qMax(0, m_bands.size() - room));
+}
+
+/** From the program's start, until that is a minute ago. */
+int64_t StateBands::spanUs() const {
+    return qBound(shortestSpanUs, m_nowUs, longestSpanUs);
+}
+
+double StateBands::xOf(int64_t timeUs) const {
+    const double share = 1 - static_cast<double>(m_nowUs - timeUs) / static_cast<double>(spanUs());
+    return labelWidth + qMax(0.0, share) * (width() - labelWidth);
+}
+
+QRectF StateBands::areaOf(int row) const {
+    return {double(labelWidth), double(legendHeight + row * rowHeight + 3), double(width() - labelWidth),
+            double(rowHeight - 6)};
+}
+
+void StateBands::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), background);
+    int x = labelWidth;
+    for (int state = 0; state < 7; ++state) {
+        const QString name = playStateName(state);
+        painter.fillRect(x, 7, 9, 9, playStateColour(state));
+        painter.setPen(text);
+        painter.drawText(x + 13, 16, name);
+        x += 13 + painter.fontMetrics().horizontalAdvance(name) + 12;
+    }
+    const QList<int> objects = shownObjects();
+    const int bottom = legendHeight + rowHeight * qMax(1, objects.size());
+    for (int64_t time = m_nowUs / tickUs * tickUs; time > m_nowUs - spanUs() && time >= 0; time -= tickUs) {
+        painter.setPen(faint);
+        painter.drawLine(QPointF(xOf(time), legendHeight), QPointF(xOf(time), bottom));
+        painter.setPen(text);
+        painter.drawText(QPointF(xOf(time) + 3, bottom + scaleHeight - 3),
+                         QStringLiteral("%1 s").arg(time / 1'000'000));
+    }
+    for (int row = 0; row < objects.size(); ++row) {
+        painter.setPen(text);
+        painter.drawText(QRectF(0, areaOf(row).top(), labelWidth - 6, areaOf(row).height()),
+                         Qt::AlignRight | Qt::AlignVCenter, QString::number(objects[row]));
+        paintBand(painter, areaOf(row), m_bands[objects[row]]);
+    }
+}
+
+void StateBands::paintBand(QPainter& painter, const QRectF& area, const Band& band) const {
+    for (int i = 0; i < band.changes.size(); ++i) {
+        const Change& change = band.changes[i];
+        if (change.state == endOfObject) {
+            continue;
+        }
+        const double left = xOf(change.timeUs);
+        const double right = i + 1 < band.changes.size() ? xOf(band.changes[i + 1].timeUs) : area.right();
+        painter.fillRect(QRectF(left, area.top(), qMax(1.0, right - left), area.height()),
+                         playStateColour(change.state));
+    }
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(background, 1.5));
+    for (const Mark& mark : band.marks) {
+        painter.setBrush(mark.colour);
+        const double x = xOf(mark.timeUs);
+        painter.drawPolygon(QPolygonF({{x - 7, area.top() - 2}, {x + 7, area.top() - 2}, {x, area.top() + 10}}));
+    }
+    painter.restore();
+}
+
+bool StateBands::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), textAt(help->pos()), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+QString StateBands::textAt(const QPoint& point) const {
+    const QList<int> objects = shownObjects();
+    const int row = (point.y() - legendHeight) / rowHeight;
+    if (point.y() < legendHeight || row >= objects.size()) {
+        return {};
+    }
+    const Band& band = m_bands.find(objects[row]).value();
+    for (const Mark& mark : band.marks) {
+        if (qAbs(xOf(mark.timeUs) - point.x()) < 8) {
+            return mark.text;
+        }
+    }
+    QString found;
+    for (const Change& change : band.changes) {
+        if (xOf(change.timeUs) <= point.x()) {
+            found = change.state == endOfObject ? QString()
+                                                : QStringLiteral("%1 since %2 s")
+                                                      .arg(playStateName(change.state))
+                                                      .arg(static_cast<double>(change.timeUs) / 1e6, 0, 'f', 3);
+        }
+    }
+    return found;
+}
+
+void StateBands::showEvent(QShowEvent*) {
+    m_timer.start();
+}
+
+void StateBands::hideEvent(QHideEvent*) {
+    m_timer.stop();
+}
