@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <unistd.h>
 
+using namespace tv;
+
 int main(int argc, char* argv[]) {
     LoopbackServer server;
     if (argc != 3 || !server.mount(std::string(), argv[1]) || !server.mount("media", argv[2])) {

@@ -65,7 +65,7 @@ std::string stream() {
 
 TEST(ProgramMap, TellsTheMarksOfItsStreams) {
     for (const size_t part : {10'000U, 188U, 61U}) { // bytes that come at once
-        const auto marks = std::make_shared<media::TransportMarks>();
+        const auto marks = std::make_shared<media::TransportStreamInfo>();
         media::ProgramMapReader reader(marks);
         const std::string all = "noise G" + stream();
         bool wantsMore = true;
@@ -85,7 +85,7 @@ TEST(ProgramMap, TellsTheMarksOfItsStreams) {
 }
 
 TEST(ProgramMap, IsNotSoughtForEver) {
-    media::ProgramMapReader reader(std::make_shared<media::TransportMarks>());
+    media::ProgramMapReader reader(std::make_shared<media::TransportStreamInfo>());
     const std::string bytes(1'000'000, 'G');
     int reads = 0;
     while (reads < 100 && reader.read(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size())) {

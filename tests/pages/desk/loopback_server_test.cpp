@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+using namespace tv;
+
 namespace fs = std::filesystem;
 
 namespace {

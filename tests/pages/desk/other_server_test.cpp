@@ -7,6 +7,8 @@
 #include <sys/wait.h>
 #include <thread>
 
+using namespace tv;
+
 namespace {
 
 const char* const page = R"(<title></title><script>

@@ -10,6 +10,8 @@
 #include <QToolTip>
 #include <gtest/gtest.h>
 
+using namespace tv;
+
 namespace {
 
 using Kind = TimelineEntry::Kind;

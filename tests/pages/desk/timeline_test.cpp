@@ -1,6 +1,6 @@
 // The file of --timeline against its documentation: every line has the form, and together they tell the story.
 #include "medialib.h"
-#include "timeline/PlaybackStories.h"
+#include "timeline/PlaybackTracker.h"
 
 #include <QFile>
 #include <QHash>
@@ -10,6 +10,8 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+using namespace tv;
 
 namespace {
 
@@ -124,7 +126,7 @@ int thePosition = 0;
 int theSpeed = 1;
 
 TEST(Timeline, MarksAFilmThatStandsStillOnce) {
-    PlaybackStories stories;
+    PlaybackTracker stories;
     TimelineEntries told;
     const auto tell = [&](TimelineEntry::Kind kind, const QJsonObject& fields) {
         TimelineEntry entry;

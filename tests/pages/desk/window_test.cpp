@@ -4,8 +4,8 @@
 #include "desk/AddressLine.h"
 #include "desk/FaultPanel.h"
 #include "desk/KeyboardHelp.h"
-#include "desk/PictureNotice.h"
-#include "desk/TvPicture.h"
+#include "desk/ScreenNotice.h"
+#include "desk/ScreenView.h"
 #include "timeline/panel/TimelinePanel.h"
 
 #include <QApplication>
@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
+
+using namespace tv;
 
 namespace {
 
@@ -31,7 +33,7 @@ public:
     explicit Person(TvWindow& window) : m_window(window) {}
 
     template <class Part> Part& part() const { return *m_window.findChild<Part*>(); }
-    QString notice() const { return part<PictureNotice>().isVisible() ? part<PictureNotice>().text() : QString(); }
+    QString notice() const { return part<ScreenNotice>().isVisible() ? part<ScreenNotice>().text() : QString(); }
 
     /** Where keys go now. This platform leaves the keyboard with a menu that has gone, which a window manager takes. */
     QWidget* target() const {

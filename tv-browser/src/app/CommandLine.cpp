@@ -6,6 +6,8 @@
 #include <QCommandLineParser>
 #include <QtMath>
 
+namespace tv {
+
 namespace {
 
 const char* const usage = R"(Usage: tv-browser [options] URL|FILE|FOLDER
@@ -209,3 +211,5 @@ int targetIndex(const QStringList& arguments) {
     }
     return arguments.size() - 1;
 }
+
+} // namespace tv

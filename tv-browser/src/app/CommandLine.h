@@ -13,6 +13,8 @@
 #include <QStringList>
 #include <optional>
 
+namespace tv {
+
 struct CommandLine {
     QString target;                        /**< address, file or folder to open */
     QList<QPair<QString, QString>> mounts; /**< further folders to serve: name, folder */
@@ -48,5 +50,7 @@ CommandLineResult parseCommandLine(const QStringList& arguments);
 
 /** @return which of the arguments of a good command line is the target */
 int targetIndex(const QStringList& arguments);
+
+} // namespace tv
 
 #endif

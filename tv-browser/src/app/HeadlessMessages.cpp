@@ -4,6 +4,8 @@
 #include <QtGlobal>
 #include <glib.h>
 
+namespace tv {
+
 namespace {
 
 QtMessageHandler defaultHandler = nullptr;
@@ -23,3 +25,5 @@ void dropMissingDesktopMessages() {
     // Where GTK 2 is installed, the engine asks it for a display; nobody else here uses GDK.
     g_log_set_handler("Gdk", G_LOG_LEVEL_CRITICAL, gdkMessage, nullptr);
 }
+
+} // namespace tv

@@ -4,7 +4,11 @@
 #ifndef HEADLESSMESSAGES_H
 #define HEADLESSMESSAGES_H
 
+namespace tv {
+
 /** Call before there is an application. Everything else that the libraries say stays as it is. */
 void dropMissingDesktopMessages();
+
+} // namespace tv
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 
+namespace tv {
+
 bool isPageAddress(const QUrl& url) {
     return url.isValid() && (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
 }
@@ -19,3 +21,5 @@ QString pageTargetProblem(const QString& target) {
     }
     return {};
 }
+
+} // namespace tv

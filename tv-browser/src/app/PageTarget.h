@@ -6,10 +6,14 @@
 
 #include <QUrl>
 
+namespace tv {
+
 /** @return whether a television opens addresses of that kind: http and https */
 bool isPageAddress(const QUrl& url);
 
 /** @return why the target cannot be opened, a sentence for the user; empty when it can be tried */
 QString pageTargetProblem(const QString& target);
+
+} // namespace tv
 
 #endif

@@ -4,7 +4,7 @@
 #include "base/MonotonicTime.h"
 #include "faults/FaultRule.h"
 #include "faults/InjectedReport.h"
-#include "timeline/TraceLog.h"
+#include "timeline/TimelinePrinter.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -13,6 +13,8 @@
 #include <QWebFrame>
 #include <algorithm>
 #include <cstdio>
+
+namespace tv {
 
 namespace {
 
@@ -50,7 +52,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
         connect(m_desk.get(), &Desk::addressEntered, this, &Television::openAddress);
         connect(m_desk.get(), &Desk::firstStartWanted, this, [this] { restart(m_commandLine.target, true); });
     }
-    connect(&m_heldKey, &KeyHold::remoteKey, this, &Television::sendKey);
+    connect(&m_heldKey, &KeyRepeat::remoteKey, this, &Television::sendKey);
     m_page.setSpatialNavigation(commandLine.spatialNavigation);
 }
 
@@ -281,7 +283,7 @@ void Television::pressNextKey() {
         return;
     }
     m_heldKey.press(*step.key);
-    QTimer::singleShot(toMilliseconds(step.seconds), &m_heldKey, &KeyHold::release);
+    QTimer::singleShot(toMilliseconds(step.seconds), &m_heldKey, &KeyRepeat::release);
     QTimer::singleShot(toMilliseconds(step.seconds + keyGapSeconds), this, &Television::pressNextKey);
 }
 
@@ -325,3 +327,5 @@ void Television::after(double seconds, void (Television::*action)()) {
     const double past = static_cast<double>(monotonicUs() - m_startUs) / 1e6;
     QTimer::singleShot(toMilliseconds(std::max(0.0, seconds - past)), Qt::PreciseTimer, this, action);
 }
+
+} // namespace tv

@@ -10,9 +10,9 @@
 #include "faults/NetworkFaults.h"
 #include "page/Profile.h"
 #include "page/TvPage.h"
-#include "remote/KeyHold.h"
+#include "remote/KeyRepeat.h"
+#include "screen/Compositor.h"
 #include "screen/ScreenProbe.h"
-#include "screen/TvScreen.h"
 #include "server/LoopbackServer.h"
 #include "timeline/Timeline.h"
 #include "timeline/TimelineFile.h"
@@ -20,6 +20,8 @@
 #include <QObject>
 #include <cstdint>
 #include <memory>
+
+namespace tv {
 
 class Television : public QObject {
     Q_OBJECT
@@ -70,14 +72,16 @@ private:
     Profile m_profile;
     TvPage m_page;
     NetworkFaults m_faults;
-    TvScreen m_screen;
+    Compositor m_screen;
     std::unique_ptr<ScreenProbe> m_probe;
     std::unique_ptr<TvWindow> m_window;
     std::unique_ptr<Desk> m_desk; ///< of the window
-    KeyHold m_heldKey;            ///< of the command line's keys
+    KeyRepeat m_heldKey;          ///< of the command line's keys
     Restart m_restart;
     int m_nextKey = 0;
     bool m_wasLoaded = false;
 };
+
+} // namespace tv
 
 #endif

@@ -10,6 +10,8 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+namespace tv {
+
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
 
@@ -73,3 +75,5 @@ void Watchdog::watch(std::optional<double> endsWithin) const {
         }
     }
 }
+
+} // namespace tv

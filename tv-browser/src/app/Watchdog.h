@@ -8,6 +8,8 @@
 #include <optional>
 #include <thread>
 
+namespace tv {
+
 class Watchdog {
 public:
     /**
@@ -27,5 +29,7 @@ private:
     int m_end;     ///< eventfd, written when the program has ended
     std::thread m_thread;
 };
+
+} // namespace tv
 
 #endif

@@ -18,6 +18,8 @@
 #include <unistd.h>
 #include <vector>
 
+using namespace tv;
+
 namespace {
 
 /** @return the folder of the running program, found before Qt has an application that knows */

@@ -6,7 +6,11 @@
 
 #include <cstdint>
 
+namespace tv {
+
 /** @return CLOCK_MONOTONIC in microseconds */
 int64_t monotonicUs();
+
+} // namespace tv
 
 #endif

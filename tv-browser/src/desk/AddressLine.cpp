@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 
+namespace tv {
+
 namespace {
 
 constexpr int margin = 12;
@@ -54,3 +56,5 @@ void AddressLine::close() {
     hide();
     parentWidget()->setFocus();
 }
+
+} // namespace tv

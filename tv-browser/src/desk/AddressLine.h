@@ -6,6 +6,8 @@
 
 #include <QLineEdit>
 
+namespace tv {
+
 class AddressLine : public QLineEdit {
     Q_OBJECT
 public:
@@ -26,5 +28,7 @@ protected:
 private:
     void close();
 };
+
+} // namespace tv
 
 #endif

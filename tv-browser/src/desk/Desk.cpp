@@ -4,13 +4,13 @@
 #include "desk/AddressLine.h"
 #include "desk/FaultPanel.h"
 #include "desk/KeyboardHelp.h"
-#include "desk/PictureNotice.h"
 #include "desk/RemotePanel.h"
-#include "desk/TvPicture.h"
+#include "desk/ScreenNotice.h"
+#include "desk/ScreenView.h"
 #include "desk/TvWindow.h"
 #include "faults/InjectedReport.h"
 #include "page/TvPage.h"
-#include "screen/TvScreen.h"
+#include "screen/Compositor.h"
 #include "timeline/Timeline.h"
 #include "timeline/panel/TimelinePanel.h"
 
@@ -19,6 +19,8 @@
 #include <QMenu>
 #include <QWebFrame>
 #include <cstdio>
+
+namespace tv {
 
 namespace {
 
@@ -32,7 +34,7 @@ const char* const menuStyle = "QMenu { background: #1d2026; color: #e4e7ec; bord
 } // namespace
 
 Desk::Desk(const DeskParts& parts, const CommandLine& commandLine, int64_t startUs)
-    : m_parts(parts), m_notice(new PictureNotice(&parts.window.picture())),
+    : m_parts(parts), m_notice(new ScreenNotice(&parts.window.picture())),
       m_address(new AddressLine(&parts.window.picture())) {
     TvWindow& window = m_parts.window;
     addNotices();
@@ -89,7 +91,7 @@ void Desk::refuseAddress(const QString& address, const QString& reason) {
 
 /** Says over the picture what would be seen in the timeline or on the terminal only. */
 void Desk::addNotices() {
-    connect(&m_parts.timeline, &Timeline::grown, m_notice, &PictureNotice::append);
+    connect(&m_parts.timeline, &Timeline::grown, m_notice, &ScreenNotice::append);
     connect(&m_parts.page, &TvPage::loaded, m_notice, [this] {
         m_failedUrl.clear();
         m_notice->clearPage();
@@ -193,3 +195,5 @@ void Desk::complain(const QString& what) const {
     std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(what));
     m_notice->tell(what);
 }
+
+} // namespace tv

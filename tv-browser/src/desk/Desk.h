@@ -13,12 +13,14 @@
 #include <QWebInspector>
 #include <memory>
 
+namespace tv {
+
 class AddressLine;
 class NetworkFaults;
-class PictureNotice;
+class ScreenNotice;
 class Timeline;
 class TvPage;
-class TvScreen;
+class Compositor;
 class TvWindow;
 struct CommandLine;
 struct RemoteKey;
@@ -27,7 +29,7 @@ struct RemoteKey;
 struct DeskParts {
     TvWindow& window;
     TvPage& page;
-    TvScreen& screen;
+    Compositor& screen;
     NetworkFaults& faults;
     Timeline& timeline;
 };
@@ -67,12 +69,14 @@ private:
     void complain(const QString& what) const;
 
     DeskParts m_parts;
-    PictureNotice* m_notice;
+    ScreenNotice* m_notice;
     AddressLine* m_address;
     QHash<int, QAction*> m_actions; ///< by DeskAction
     QAction* m_faults;
     QUrl m_failedUrl; ///< of the page opened last, when it did not come
     std::unique_ptr<QWebInspector> m_inspector;
 };
+
+} // namespace tv
 
 #endif

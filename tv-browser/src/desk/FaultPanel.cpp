@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace tv {
+
 namespace {
 
 constexpr int panelWidth = 260;
@@ -108,3 +110,5 @@ void FaultPanel::applyRules() {
     }
     m_problem->setText(m_faults.set(rules) ? QString() : QStringLiteral("No port is free: only local files go wrong"));
 }
+
+} // namespace tv

@@ -7,11 +7,14 @@
 #include <QStringList>
 #include <QWidget>
 
-class NetworkFaults;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+
+namespace tv {
+
+class NetworkFaults;
 
 class FaultPanel : public QWidget {
     Q_OBJECT
@@ -34,5 +37,7 @@ private:
     QListWidget* m_rules;
     QLabel* m_problem;
 };
+
+} // namespace tv
 
 #endif

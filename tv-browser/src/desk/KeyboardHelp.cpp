@@ -2,6 +2,8 @@
 
 #include <QFontDatabase>
 
+namespace tv {
+
 const char* keyboardHelpText() {
     return R"(Remote control          Keyboard              Remote control    Keyboard
   LEFT UP RIGHT DOWN    arrow keys            RED               F2 or r
@@ -47,3 +49,5 @@ void KeyboardHelp::toggle() {
 void KeyboardHelp::mousePressEvent(QMouseEvent*) {
     hide();
 }
+
+} // namespace tv

@@ -6,6 +6,8 @@
 
 #include <QLabel>
 
+namespace tv {
+
 /** @return a table in lines of at most 80 characters, made for a fixed-width font */
 const char* keyboardHelpText();
 
@@ -22,5 +24,7 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 };
+
+} // namespace tv
 
 #endif

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace tv {
+
 namespace {
 
 constexpr int panelWidth = 210;
@@ -85,7 +87,7 @@ RemotePanel::RemotePanel(bool spatialNavigation) {
     connect(focus, &QCheckBox::toggled, this, &RemotePanel::spatialNavigationSwitched);
     grid->addWidget(focus, 14, 0, 1, columns);
     grid->setRowStretch(15, 1);
-    connect(&m_hold, &KeyHold::remoteKey, this, &RemotePanel::remoteKey);
+    connect(&m_hold, &KeyRepeat::remoteKey, this, &RemotePanel::remoteKey);
 }
 
 QSize RemotePanel::sizeHint() const {
@@ -110,3 +112,5 @@ void RemotePanel::addButton(QGridLayout& grid, int row, int column, int span, co
     grid.addWidget(button, row, column, 1, span);
     grid.setRowStretch(row, 100); // Before the space below, up to the full height.
 }
+
+} // namespace tv

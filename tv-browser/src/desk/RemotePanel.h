@@ -4,11 +4,13 @@
 #ifndef REMOTEPANEL_H
 #define REMOTEPANEL_H
 
-#include "remote/KeyHold.h"
+#include "remote/KeyRepeat.h"
 
 #include <QWidget>
 
 class QGridLayout;
+
+namespace tv {
 
 class RemotePanel : public QWidget {
     Q_OBJECT
@@ -27,7 +29,9 @@ private:
     void addButton(QGridLayout& grid, int row, int column, int span, const char* name, const QString& label,
                    const char* colour);
 
-    KeyHold m_hold;
+    KeyRepeat m_hold;
 };
+
+} // namespace tv
 
 #endif

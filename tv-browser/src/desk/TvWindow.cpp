@@ -1,13 +1,15 @@
 #include "desk/TvWindow.h"
 
-#include "desk/TvPicture.h"
+#include "desk/ScreenView.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
-TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(screen, this)) {
+namespace tv {
+
+TvWindow::TvWindow(Compositor& screen) : m_layout(this), m_picture(new ScreenView(screen, this)) {
     setWindowTitle(QStringLiteral("HbbTV"));
     m_layout.setContentsMargins(0, 0, 0, 0);
     m_layout.setSpacing(0);
@@ -15,7 +17,7 @@ TvWindow::TvWindow(TvScreen& screen) : m_layout(this), m_picture(new TvPicture(s
     resize(m_picture->sizeHint().boundedTo(QWidget::screen()->availableSize()));
     m_picture->setFocus();
     connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
-    connect(m_picture, &TvPicture::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
+    connect(m_picture, &ScreenView::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
 }
 
 void TvWindow::addPanel(QWidget* panel, Side side) {
@@ -64,3 +66,5 @@ void TvWindow::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
     QCoreApplication::exit(0);
 }
+
+} // namespace tv

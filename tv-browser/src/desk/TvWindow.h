@@ -10,8 +10,10 @@
 #include <QHash>
 #include <QWidget>
 
-class TvPicture;
-class TvScreen;
+namespace tv {
+
+class ScreenView;
+class Compositor;
 struct RemoteKey;
 
 class TvWindow : public QWidget {
@@ -20,7 +22,7 @@ public:
     enum class Side { LEFT, RIGHT };
 
     /** @param screen outlives the window */
-    explicit TvWindow(TvScreen& screen);
+    explicit TvWindow(Compositor& screen);
 
     /** Puts a panel beside the picture; the window takes it. Its size policy decides whether it stretches. */
     void addPanel(QWidget* panel, Side side);
@@ -28,7 +30,7 @@ public:
     /** Shows or hides a panel, and gives the window the room for it, so that the picture keeps its size. */
     void showPanel(QWidget& panel, bool visible);
 
-    TvPicture& picture() { return *m_picture; }
+    ScreenView& picture() { return *m_picture; }
 
     void toggleFullScreen();
 
@@ -43,8 +45,10 @@ protected:
 private:
     QHBoxLayout m_layout;
     QHash<const QWidget*, int> m_grownFor; ///< pixels, by panel
-    TvPicture* m_picture;
+    ScreenView* m_picture;
     KeyboardRemote m_keyboard;
 };
+
+} // namespace tv
 
 #endif

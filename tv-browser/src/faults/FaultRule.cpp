@@ -1,5 +1,7 @@
 #include "faults/FaultRule.h"
 
+namespace tv {
+
 std::optional<ServerFaultRule> parseFaultRule(const QString& text, QString& wrong) {
     const QLatin1Char separator('=');
     wrong = text;
@@ -23,3 +25,5 @@ std::optional<ServerFaultRule> parseFaultRule(const QString& text, QString& wron
     }
     return std::nullopt;
 }
+
+} // namespace tv

@@ -9,10 +9,14 @@
 #include <QString>
 #include <optional>
 
+namespace tv {
+
 /**
  * @param text `PATTERN=FAULTS`: ServerFaultRule::pattern, and what parseServerFault reads
  * @param wrong receives the part that cannot be read
  */
 std::optional<ServerFaultRule> parseFaultRule(const QString& text, QString& wrong);
+
+} // namespace tv
 
 #endif

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+namespace tv {
+
 namespace {
 
 constexpr int errors = 7;
@@ -62,3 +64,5 @@ std::optional<QList<InjectedReport>> parseInjectedReports(const QString& text, Q
 bool inject(const InjectedReport& report) {
     return mediaInjectReport(-1, report.event, report.code) != 0;
 }
+
+} // namespace tv

@@ -10,6 +10,8 @@
 #include <QString>
 #include <optional>
 
+namespace tv {
+
 struct InjectedReport {
     QString name; ///< as on the command line: "error=3"
     QString text; ///< what it says, for people
@@ -29,5 +31,7 @@ std::optional<QList<InjectedReport>> parseInjectedReports(const QString& text, Q
 
 /** Makes the player of the page's newest object report that. @return false when there is none */
 bool inject(const InjectedReport& report);
+
+} // namespace tv
 
 #endif

@@ -3,6 +3,8 @@
 #include "media_requests.h"
 #include "page/EngineNetwork.h"
 
+namespace tv {
+
 NetworkFaults::NetworkFaults(LoopbackServer& server, EngineNetwork& network) : m_server(server), m_network(network) {
     mediaRequestsSetProxy(nullptr, nullptr);
 }
@@ -27,3 +29,5 @@ bool NetworkFaults::set(const std::vector<ServerFaultRule>& rules) {
     mediaRequestsSetProxy(port == 0 ? nullptr : address.c_str(), m_serverAuthority.c_str());
     return rules.empty() || port != 0;
 }
+
+} // namespace tv

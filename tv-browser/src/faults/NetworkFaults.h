@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace tv {
+
 class EngineNetwork;
 
 class NetworkFaults {
@@ -39,5 +41,7 @@ private:
     FaultProxy m_proxy;
     int m_proxyPort = 0;
 };
+
+} // namespace tv
 
 #endif

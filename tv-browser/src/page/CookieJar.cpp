@@ -6,6 +6,8 @@
 #include <QSaveFile>
 #include <cstdio>
 
+namespace tv {
+
 CookieJar::CookieJar(const QString& file) : m_file(file) {
     load();
 }
@@ -61,3 +63,5 @@ void CookieJar::save() const {
                      qUtf8Printable(file.errorString()));
     }
 }
+
+} // namespace tv

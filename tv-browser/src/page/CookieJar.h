@@ -8,6 +8,8 @@
 #include <QNetworkCookieJar>
 #include <QString>
 
+namespace tv {
+
 class CookieJar : public QNetworkCookieJar {
     Q_OBJECT
 public:
@@ -33,5 +35,7 @@ private:
     const QString m_file;
     mutable QMutex m_mutex; ///< guards the cookies of the base class
 };
+
+} // namespace tv
 
 #endif

@@ -6,6 +6,8 @@
 #include <QUrl>
 #include <QWebFrame>
 
+namespace tv {
+
 namespace {
 
 QByteArray resource(const char* name) {
@@ -38,3 +40,5 @@ QUrl embeddedObjectsStyleSheet() {
     return QUrl(QStringLiteral("data:text/css;charset=utf-8;base64,") +
                 QString::fromLatin1(resource("embedded-objects.css").toBase64()));
 }
+
+} // namespace tv

@@ -5,14 +5,19 @@
 #ifndef EMBEDDEDOBJECTS_H
 #define EMBEDDEDOBJECTS_H
 
-class OwnerApplication;
 class QUrl;
 class QWebFrame;
+
+namespace tv {
+
+class OwnerApplication;
 
 /** Gives the objects to the page of a frame. To be called when its window object is new. */
 void installEmbeddedObjects(QWebFrame& frame, OwnerApplication& application);
 
 /** @return address of the style sheet that belongs to the objects */
 QUrl embeddedObjectsStyleSheet();
+
+} // namespace tv
 
 #endif

@@ -5,6 +5,8 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
+namespace tv {
+
 namespace {
 
 /** Gives access to what a reply's own class may do: here it is the owner of the network that sets the header. */
@@ -80,3 +82,5 @@ QNetworkReply* EngineNetwork::createRequest(Operation operation, const QNetworkR
     connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] { showAsXhtml(*reply); });
     return reply;
 }
+
+} // namespace tv

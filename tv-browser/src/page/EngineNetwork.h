@@ -10,6 +10,8 @@
 #include <QUrl>
 #include <QWebPluginFactory>
 
+namespace tv {
+
 /** Notes the addresses of plug-in objects while the engine makes them, and leaves the making to the engine. */
 class PluginAddresses : public QWebPluginFactory {
     Q_OBJECT
@@ -50,5 +52,7 @@ private:
     QString m_exceptAuthority;
     QNetworkAccessManager m_proxied; ///< Qt asks for the proxy later than it asks for a request
 };
+
+} // namespace tv
 
 #endif

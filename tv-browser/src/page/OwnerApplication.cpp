@@ -8,6 +8,8 @@
 #include <QWebFrame>
 #include <utility>
 
+namespace tv {
+
 namespace {
 
 const QString opacity = QStringLiteral("opacity");
@@ -86,3 +88,5 @@ QString OwnerApplication::takeConsoleText() {
 void OwnerApplication::open(const QUrl& url) {
     QTimer::singleShot(0, this, [this, url] { m_mainFrame.load(url); });
 }
+
+} // namespace tv

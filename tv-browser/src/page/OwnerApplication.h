@@ -12,6 +12,8 @@
 class QUrl;
 class QWebFrame;
 
+namespace tv {
+
 class OwnerApplication : public QObject {
     Q_OBJECT
     Q_PROPERTY(int keyset READ keyset)
@@ -82,5 +84,7 @@ private:
     bool m_isVisible = true;
     bool m_isReplaced = false;
 };
+
+} // namespace tv
 
 #endif

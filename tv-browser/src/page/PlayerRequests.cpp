@@ -7,6 +7,8 @@
 #include <QWebFrame>
 #include <cstring>
 
+namespace tv {
+
 PlayerRequests::PlayerRequests(Profile& profile, const QWebFrame& mainFrame) {
     mediaRequestsSetUserAgent(profile.userAgent().toUtf8().constData());
     mediaRequestsSetCookieCallback(&PlayerRequests::cookies, &profile);
@@ -22,3 +24,5 @@ char* PlayerRequests::cookies(const char* url, void* profile) {
     const QByteArray header = static_cast<Profile*>(profile)->cookies().headerFor(QUrl::fromEncoded(QByteArray(url)));
     return header.isEmpty() ? nullptr : strdup(header.constData());
 }
+
+} // namespace tv

@@ -4,8 +4,11 @@
 #ifndef PLAYERREQUESTS_H
 #define PLAYERREQUESTS_H
 
-class Profile;
 class QWebFrame;
+
+namespace tv {
+
+class Profile;
 
 class PlayerRequests {
 public:
@@ -19,5 +22,7 @@ public:
 private:
     static char* cookies(const char* url, void* profile);
 };
+
+} // namespace tv
 
 #endif

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QWebSettings>
 
+namespace tv {
+
 namespace {
 
 QString inFolder(const QString& folder, const char* name) {
@@ -54,3 +56,5 @@ void Profile::clearFolder(const QString& folder) {
     QFile::remove(inFolder(folder, "cookies"));
     QDir(inFolder(folder, "storage")).removeRecursively();
 }
+
+} // namespace tv

@@ -8,6 +8,8 @@
 
 #include <QString>
 
+namespace tv {
+
 class Profile {
 public:
     /**
@@ -42,5 +44,7 @@ private:
     QString m_storageFolder;
     QString m_userAgent;
 };
+
+} // namespace tv
 
 #endif

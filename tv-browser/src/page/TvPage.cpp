@@ -12,6 +12,8 @@
 #include <QWebFrame>
 #include <cstdio>
 
+namespace tv {
+
 namespace {
 
 constexpr int mostDialogs = 20;
@@ -241,3 +243,5 @@ QString TvPage::chooseFile(QWebFrame*, const QString&) {
 QString TvPage::userAgentForUrl(const QUrl&) const {
     return m_profile.userAgent();
 }
+
+} // namespace tv

@@ -16,6 +16,8 @@
 #include <QWebPage>
 #include <functional>
 
+namespace tv {
+
 constexpr QSize tvScreenSize(1280, 720);
 
 class TvPage : public QWebPage {
@@ -96,5 +98,7 @@ private:
     bool m_hasDocument = false; ///< of the load that has begun last
     bool m_isTold = false;      ///< that the page is there
 };
+
+} // namespace tv
 
 #endif

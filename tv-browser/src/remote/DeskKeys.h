@@ -7,6 +7,8 @@
 #include <QString>
 #include <array>
 
+namespace tv {
+
 enum class DeskAction {
     HELP,
     REMOTE_CONTROL,
@@ -45,5 +47,7 @@ inline constexpr std::array<DeskKey, 12> deskKeys = {{
 
 /** @return the desk's key of that name, in any case of letters; null when there is none */
 const DeskKey* deskKeyNamed(const QString& shortcut);
+
+} // namespace tv
 
 #endif

@@ -4,6 +4,8 @@
 
 #include <QKeyEvent>
 
+namespace tv {
+
 namespace {
 
 /** A display's repeat is a release and a press at once; no finger is that quick. */
@@ -14,8 +16,8 @@ constexpr int repeatedWithinMs = 20;
 KeyboardRemote::KeyboardRemote() {
     m_release.setSingleShot(true);
     m_release.setInterval(repeatedWithinMs);
-    connect(&m_release, &QTimer::timeout, &m_hold, &KeyHold::release);
-    connect(&m_hold, &KeyHold::remoteKey, this, &KeyboardRemote::remoteKey);
+    connect(&m_release, &QTimer::timeout, &m_hold, &KeyRepeat::release);
+    connect(&m_hold, &KeyRepeat::remoteKey, this, &KeyboardRemote::remoteKey);
 }
 
 void KeyboardRemote::press(const QKeyEvent& event) {
@@ -41,3 +43,5 @@ void KeyboardRemote::leave() {
     m_release.stop();
     m_hold.release();
 }
+
+} // namespace tv

@@ -4,9 +4,11 @@
 #ifndef KEYBOARDREMOTE_H
 #define KEYBOARDREMOTE_H
 
-#include "remote/KeyHold.h"
+#include "remote/KeyRepeat.h"
 
 class QKeyEvent;
+
+namespace tv {
 
 class KeyboardRemote : public QObject {
     Q_OBJECT
@@ -26,8 +28,10 @@ signals:
     void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
 
 private:
-    KeyHold m_hold;
+    KeyRepeat m_hold;
     QTimer m_release; ///< while the display may yet repeat the key that it has released
 };
+
+} // namespace tv
 
 #endif

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <numeric>
 
+namespace tv {
+
 namespace {
 
 const RemoteKey keys[] = {
@@ -165,3 +167,5 @@ std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QSt
     }
     return steps;
 }
+
+} // namespace tv

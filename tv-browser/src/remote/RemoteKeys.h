@@ -10,6 +10,8 @@
 #include <QString>
 #include <optional>
 
+namespace tv {
+
 /** Sets of keys that an application asks for (OIPF DAE 7.2.5). */
 enum Keyset {
     KEYSET_RED = 0x1,
@@ -59,5 +61,7 @@ struct RemoteKeyStep {
  * 1000000 seconds
  */
 std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong);
+
+} // namespace tv
 
 #endif

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace tv {
+
 namespace {
 
 /** What is overridden. The origin's two parts: the engine does not remove their common property. */
@@ -114,3 +116,5 @@ void FullScreenObjects::stretch(Stretched& object) {
                      .arg(object.viewport.height() / place.height(), 0, 'g', 12),
                  object.position);
 }
+
+} // namespace tv

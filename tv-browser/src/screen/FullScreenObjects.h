@@ -17,6 +17,8 @@
 
 class QWebFrame;
 
+namespace tv {
+
 class FullScreenObjects {
 public:
     /** @param mainFrame outlives this object */
@@ -52,5 +54,7 @@ private:
     bool m_anySeen = false;
     QSet<int> m_hiddenPlayers;
 };
+
+} // namespace tv
 
 #endif

@@ -1,9 +1,11 @@
 #include "screen/ObjectState.h"
 
-#include "timeline/UnobservedScript.h"
+#include "timeline/TraceSuppression.h"
 
 #include <QVariant>
 #include <QWebElement>
+
+namespace tv {
 
 namespace {
 
@@ -30,7 +32,7 @@ const QString script = QStringLiteral(R"js((function(object) {
 } // namespace
 
 ObjectState objectStateOf(QWebElement element) {
-    const UnobservedScript unobserved;
+    const TraceSuppression unobserved;
     const QVariantList values = element.evaluateJavaScript(script).toList();
     if (values.size() != 9) {
         return {};
@@ -39,3 +41,5 @@ ObjectState objectStateOf(QWebElement element) {
             QRectF(values[3].toDouble(), values[4].toDouble(), values[5].toDouble(), values[6].toDouble()),
             QSizeF(values[7].toDouble(), values[8].toDouble())};
 }
+
+} // namespace tv

@@ -9,6 +9,8 @@
 
 class QWebElement;
 
+namespace tv {
+
 struct ObjectState {
     int player = -1; ///< handle of the adaptation layer, negative without one
     bool isFullScreen = false;
@@ -19,5 +21,7 @@ struct ObjectState {
 
 /** Asks an object or embed element by script, which the timeline does not tell. Thread: the engine's. */
 ObjectState objectStateOf(QWebElement element);
+
+} // namespace tv
 
 #endif

@@ -1,10 +1,12 @@
 #include "screen/ScreenProbe.h"
 
-#include "screen/TvScreen.h"
+#include "screen/Compositor.h"
 
 #include <QWebFrame>
 
-ScreenProbe::ScreenProbe(TvScreen& screen, QWebFrame& mainFrame) : m_screen(screen) {
+namespace tv {
+
+ScreenProbe::ScreenProbe(Compositor& screen, QWebFrame& mainFrame) : m_screen(screen) {
     connect(&mainFrame, &QWebFrame::javaScriptWindowObjectCleared, this,
             [this, &mainFrame] { mainFrame.addToJavaScriptWindowObject(QStringLiteral("televisionScreen"), this); });
 }
@@ -18,3 +20,5 @@ QVariantList ScreenProbe::brightness(const QVariantList& points) {
     }
     return result;
 }
+
+} // namespace tv

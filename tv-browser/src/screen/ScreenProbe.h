@@ -9,13 +9,16 @@
 #include <QVariantList>
 
 class QWebFrame;
-class TvScreen;
+
+namespace tv {
+
+class Compositor;
 
 class ScreenProbe : public QObject {
     Q_OBJECT
 public:
     /** @param screen,mainFrame outlive this object */
-    ScreenProbe(TvScreen& screen, QWebFrame& mainFrame);
+    ScreenProbe(Compositor& screen, QWebFrame& mainFrame);
 
     /**
      * Looks at one picture of this moment, 1280x720.
@@ -25,7 +28,9 @@ public:
     Q_INVOKABLE QVariantList brightness(const QVariantList& points);
 
 private:
-    TvScreen& m_screen;
+    Compositor& m_screen;
 };
+
+} // namespace tv
 
 #endif

@@ -9,6 +9,8 @@
 #include <QtMath>
 #include <algorithm>
 
+namespace tv {
+
 namespace {
 
 // Shares of the picture's height. Fifteen rows fill a picture with room for the gaps between them.
@@ -103,3 +105,5 @@ void SubtitlePainter::draw(QPainter& painter, int player, const QString& text, c
     painter.drawImage(place, written.image);
     painter.restore();
 }
+
+} // namespace tv

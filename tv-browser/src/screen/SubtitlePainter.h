@@ -11,6 +11,8 @@
 class QPainter;
 class QRect;
 
+namespace tv {
+
 class SubtitlePainter {
 public:
     /**
@@ -28,5 +30,7 @@ private:
     };
     QHash<int, Written> m_written;
 };
+
+} // namespace tv
 
 #endif

@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <memory>
 
+namespace tv {
+
 namespace {
 
 std::vector<MediaPictureWindow> currentWindows() {
@@ -124,3 +126,5 @@ void VideoPlanes::draw(QPainter& painter) {
         mediaPictureRelease(&picture);
     }
 }
+
+} // namespace tv

@@ -15,6 +15,8 @@
 
 class QPainter;
 
+namespace tv {
+
 class VideoPlanes : public QObject {
     Q_OBJECT
 public:
@@ -48,5 +50,7 @@ private:
     QSet<int> m_hidden;
     SubtitlePainter m_subtitlePainter;
 };
+
+} // namespace tv
 
 #endif

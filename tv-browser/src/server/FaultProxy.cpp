@@ -10,6 +10,8 @@
 #include <mutex>
 #include <thread>
 
+namespace tv {
+
 struct FaultProxy::Private {
     struct Worker {
         std::thread thread;
@@ -102,3 +104,5 @@ void FaultProxy::setFaults(std::vector<ServerFaultRule> rules) {
     const std::lock_guard<std::mutex> lock(d->mutex);
     d->rules = std::move(rules);
 }
+
+} // namespace tv

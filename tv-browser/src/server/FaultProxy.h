@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+namespace tv {
+
 class FaultProxy {
 public:
     FaultProxy();
@@ -34,5 +36,7 @@ private:
     struct Private;
     std::unique_ptr<Private> d;
 };
+
+} // namespace tv
 
 #endif

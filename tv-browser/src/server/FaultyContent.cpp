@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tv {
+
 namespace {
 
 constexpr int throttleStepMs = 50;
@@ -32,3 +34,5 @@ bool FaultyContent::send(uint64_t offset, uint64_t length, httplib::DataSink& si
     }
     return m_fault.bytesPerSecond == 0 || m_pause(static_cast<int>(read * 1000 / m_fault.bytesPerSecond));
 }
+
+} // namespace tv

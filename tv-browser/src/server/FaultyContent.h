@@ -8,6 +8,8 @@
 #include <functional>
 #include <httplib.h>
 
+namespace tv {
+
 /** Waits. @return false at once when the server ends */
 using ServerPause = std::function<bool(int milliseconds)>;
 
@@ -36,5 +38,7 @@ private:
     const ServerPause m_pause;
     std::array<char, 64 * size_t{1024}> m_chunk{};
 };
+
+} // namespace tv
 
 #endif

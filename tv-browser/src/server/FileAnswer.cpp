@@ -6,6 +6,8 @@
 #include <map>
 #include <memory>
 
+namespace tv {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -112,3 +114,5 @@ const char* mimeType(const fs::path& file) {
     const auto found = types.find(extension);
     return found != types.end() ? found->second : "application/octet-stream";
 }
+
+} // namespace tv

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <httplib.h>
 
+namespace tv {
+
 /**
  * Answers a GET or HEAD request with a file's content, or the range of it that is asked for.
  * @param pause is called on the server's thread, then and while the content is sent
@@ -16,5 +18,7 @@ void answerWithFile(const httplib::Request& request, httplib::Response& response
 
 /** @return the Content-Type of a file, by its extension */
 const char* mimeType(const std::filesystem::path& file);
+
+} // namespace tv
 
 #endif

@@ -5,6 +5,8 @@
 #include <sstream>
 #include <vector>
 
+namespace tv {
+
 namespace {
 
 constexpr size_t offeredSegments = 5;
@@ -79,3 +81,5 @@ std::string liveList(const std::string& playlist, double elapsedSeconds) {
     }
     return list;
 }
+
+} // namespace tv

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace tv {
+
 /**
  * Lists what a live stream offers: the segments that a film's playlist names, over and over, of which the last few are
  * offered at any time.
@@ -11,5 +13,7 @@
  * @param elapsedSeconds since the live stream began
  */
 std::string liveList(const std::string& playlist, double elapsedSeconds);
+
+} // namespace tv
 
 #endif

@@ -13,6 +13,8 @@
 #include <sstream>
 #include <thread>
 
+namespace tv {
+
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
@@ -225,3 +227,5 @@ fs::path LoopbackServer::fileOf(const std::string& urlPath) const {
     }
     return fs::is_regular_file(path, error) || fs::is_directory(path, error) ? path : fs::path();
 }
+
+} // namespace tv

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace tv {
+
 /**
  * Any file's address takes `?fault=...` (see parseServerFault), and that of an HLS playlist `?live`, which makes
  * it the list of a live stream that began with the server.
@@ -50,5 +52,7 @@ private:
     struct Private;
     std::unique_ptr<Private> d;
 };
+
+} // namespace tv
 
 #endif

@@ -8,6 +8,8 @@
 #include <memory>
 #include <optional>
 
+namespace tv {
+
 namespace {
 
 constexpr size_t longestHead = 64 * size_t{1024};
@@ -258,3 +260,5 @@ private:
 void answerProxyRequest(GIOStream& client, const FaultForNames& faultFor, const ServerPause& pause, GCancellable& end) {
     Exchange(client, pause, end).answer(faultFor);
 }
+
+} // namespace tv

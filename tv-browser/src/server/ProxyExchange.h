@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace tv {
+
 /** @return the fault of an address that goes by these names: its path, and the whole of it without its query */
 using FaultForNames = std::function<ServerFault(const std::vector<std::string>& names)>;
 
@@ -18,5 +20,7 @@ using FaultForNames = std::function<ServerFault(const std::vector<std::string>& 
  * @param end ends reading and writing @param pause is called while the answer is held back
  */
 void answerProxyRequest(GIOStream& client, const FaultForNames& faultFor, const ServerPause& pause, GCancellable& end);
+
+} // namespace tv
 
 #endif

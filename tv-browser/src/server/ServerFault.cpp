@@ -4,6 +4,8 @@
 #include <fnmatch.h>
 #include <sstream>
 
+namespace tv {
+
 namespace {
 
 constexpr uint64_t longestDelayMs = uint64_t{24} * 3600 * 1000;
@@ -72,3 +74,5 @@ ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vecto
     }
     return {};
 }
+
+} // namespace tv

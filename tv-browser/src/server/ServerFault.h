@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+namespace tv {
+
 struct ServerFault {
     int delayMs = 0;               /**< before the answer */
     int status = 0;                /**< HTTP status of an answer without content; 0 for the true one */
@@ -38,5 +40,7 @@ ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vecto
  * @return nothing when there is such a part
  */
 std::optional<ServerFault> parseServerFault(const std::string& text, std::string& wrong);
+
+} // namespace tv
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+namespace tv {
+
 namespace {
 
 using Kind = TimelineEntry::Kind;
@@ -156,3 +158,5 @@ TimelineEntry observedEntry(const MediaTraceEntry& observed) {
     }
     return entry;
 }
+
+} // namespace tv

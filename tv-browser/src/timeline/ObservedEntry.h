@@ -8,8 +8,12 @@
 #include "media_trace.h"
 #include "timeline/TimelineEntry.h"
 
+namespace tv {
+
 TimelineEntry observedEntry(const HbbTVPluginTraceEntry& observed);
 
 TimelineEntry observedEntry(const MediaTraceEntry& observed);
+
+} // namespace tv
 
 #endif

@@ -2,11 +2,13 @@
 
 #include "base/MonotonicTime.h"
 #include "timeline/ObservedEntry.h"
-#include "timeline/UnobservedScript.h"
+#include "timeline/TraceSuppression.h"
 
 #include <algorithm>
 #include <iterator>
 #include <limits>
+
+namespace tv {
 
 namespace {
 
@@ -16,7 +18,7 @@ constexpr int releaseIntervalMs = 20;
 
 /** Layout that a question brings about may create objects: that is the page's doing. */
 bool isOwnQuestion(const HbbTVPluginTraceEntry& entry) {
-    return UnobservedScript::runs() && (entry.kind == HBBTV_TRACE_READ || entry.kind == HBBTV_TRACE_CALL);
+    return TraceSuppression::runs() && (entry.kind == HBBTV_TRACE_READ || entry.kind == HBBTV_TRACE_CALL);
 }
 
 } // namespace
@@ -83,3 +85,5 @@ void Timeline::release(int64_t untilUs) {
         emit grown(told);
     }
 }
+
+} // namespace tv

@@ -4,12 +4,14 @@
 #ifndef TIMELINE_H
 #define TIMELINE_H
 
-#include "timeline/PlaybackStories.h"
+#include "timeline/PlaybackTracker.h"
 #include "timeline/TimelineEntry.h"
 
 #include <QObject>
 #include <QTimer>
 #include <mutex>
+
+namespace tv {
 
 class Timeline : public QObject {
     Q_OBJECT
@@ -36,9 +38,11 @@ private:
 
     const int64_t m_startUs;
     QTimer m_timer;
-    PlaybackStories m_stories;
+    PlaybackTracker m_stories;
     std::mutex m_mutex;
     TimelineEntries m_waiting; ///< guarded by the mutex
 };
+
+} // namespace tv
 
 #endif

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace tv {
+
 const char* timelineKindName(TimelineEntry::Kind kind) {
     static constexpr std::array<const char*, timelineKindCount> names = {
         "page",   "created", "gone",   "param", "call",    "read",         "write", "state", "event", "command",
@@ -41,3 +43,5 @@ QJsonObject timelineJson(const TimelineEntry& entry) {
     }
     return json;
 }
+
+} // namespace tv

@@ -10,6 +10,8 @@
 #include <QVector>
 #include <cstdint>
 
+namespace tv {
+
 struct TimelineEntry {
     enum class Kind {
         PAGE,
@@ -57,5 +59,7 @@ QString playStateName(int state);
 
 /** @return an A/V Control object's `error` in words */
 QString playbackErrorName(int code);
+
+} // namespace tv
 
 #endif

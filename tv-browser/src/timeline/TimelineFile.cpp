@@ -2,6 +2,8 @@
 
 #include <QJsonDocument>
 
+namespace tv {
+
 TimelineFile::TimelineFile(const QString& path) : m_file(path) {
     m_file.open(QIODevice::WriteOnly | QIODevice::Truncate);
 }
@@ -16,3 +18,5 @@ void TimelineFile::write(const TimelineEntries& entries) {
     }
     m_file.flush();
 }
+
+} // namespace tv

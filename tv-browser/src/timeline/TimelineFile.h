@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+namespace tv {
+
 class TimelineFile {
 public:
     /** Empties the file, or makes it. */
@@ -22,5 +24,7 @@ public:
 private:
     QFile m_file;
 };
+
+} // namespace tv
 
 #endif

@@ -3,7 +3,7 @@
 #include "gst/ElementSearch.h"
 #include "gst/MissingPlugin.h"
 #include "http/RequestTrace.h"
-#include "playback/PipelineEnd.h"
+#include "playback/PipelineShutdown.h"
 #include "sinks/AudioSink.h"
 #include "sinks/TextSink.h"
 #include "trace/MediaLog.h"
@@ -95,7 +95,7 @@ bool Playback::buildPipeline() {
     m_audioSink.reset(audioSink);
     g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
                  "text-sink", textSink, nullptr);
-    const auto marks = std::make_shared<TransportMarks>();
+    const auto marks = std::make_shared<TransportStreamInfo>();
     m_context.components.setMarks(m_settings.run, marks);
     setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity, marks});
     noteActivity(m_videoSink.element(), "sink", m_lastActivity);

@@ -5,7 +5,7 @@
 #include "gst/GstPointer.h"
 #include "gst/PlaybackError.h"
 #include "gst/PlayerThread.h"
-#include "http/MediaConnections.h"
+#include "http/HttpObserver.h"
 #include "playback/PlayerStatus.h"
 #include "playback/StreamSetup.h"
 #include "sinks/Picture.h"
@@ -119,7 +119,7 @@ private:
     SourcePtr m_watchdog;
     SourcePtr m_refreshTimer;
 
-    const MediaConnections m_connections;
+    const HttpObserver m_connections;
     bool m_prerolled = false;  // the pipeline has had its first picture: it can be shut down at once
     bool m_errorSeen = false;  // so has one that failed
     bool m_finished = false;   // the end of the media was reported

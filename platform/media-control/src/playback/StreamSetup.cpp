@@ -57,7 +57,7 @@ GstPadProbeReturn onTransportData(GstPad* /*pad*/, GstPadProbeInfo* info, gpoint
     return wantsMore ? GST_PAD_PROBE_OK : GST_PAD_PROBE_REMOVE;
 }
 
-void readProgramMap(GstElement* demuxer, const std::shared_ptr<TransportMarks>& marks) {
+void readProgramMap(GstElement* demuxer, const std::shared_ptr<TransportStreamInfo>& marks) {
     const PadPtr pad(gst_element_get_static_pad(demuxer, "sink"));
     gst_pad_add_probe(pad.get(), GST_PAD_PROBE_TYPE_BUFFER, &onTransportData, new ProgramMapReader(marks),
                       &deleteUserData<ProgramMapReader>);

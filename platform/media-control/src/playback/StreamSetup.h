@@ -2,7 +2,7 @@
 #ifndef MEDIA_CONTROL_STREAMSETUP_H
 #define MEDIA_CONTROL_STREAMSETUP_H
 
-#include "tracks/TransportMarks.h"
+#include "tracks/TransportStreamInfo.h"
 
 #include <atomic>
 #include <gst/gst.h>
@@ -17,8 +17,8 @@ using LastActivity = std::atomic<gint64>;
 struct StreamSettings {
     std::string url;
     bool televisionUserAgent;
-    std::shared_ptr<LastActivity> lastActivity;     /**< gets the moments at which data comes from the server */
-    std::shared_ptr<TransportMarks> transportMarks; /**< gets those of the media, if it is a transport stream */
+    std::shared_ptr<LastActivity> lastActivity;          /**< gets the moments at which data comes from the server */
+    std::shared_ptr<TransportStreamInfo> transportMarks; /**< gets those of the media, if it is a transport stream */
 };
 
 /** Sets up a playbin that has not been started. */

@@ -142,7 +142,7 @@ void Components::nameStreams() {
     }
 }
 
-void Components::setMarks(unsigned run, std::shared_ptr<const TransportMarks> marks) {
+void Components::setMarks(unsigned run, std::shared_ptr<const TransportStreamInfo> marks) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (run == m_run) {
         m_marks = std::move(marks);

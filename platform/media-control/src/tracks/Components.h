@@ -4,7 +4,7 @@
 
 #include "gst/GstPointer.h"
 #include "medialib_components.h"
-#include "tracks/TransportMarks.h"
+#include "tracks/TransportStreamInfo.h"
 
 #include <array>
 #include <map>
@@ -30,7 +30,7 @@ public:
 
     /** The media's streams; ignored unless its run is the open one, as for the next two. */
     void setCollection(unsigned run, CollectionPtr collection);
-    void setMarks(unsigned run, std::shared_ptr<const TransportMarks> marks);
+    void setMarks(unsigned run, std::shared_ptr<const TransportStreamInfo> marks);
     void setActive(unsigned run, const StreamSelection& active);
     StreamSelection active() const;
 
@@ -55,7 +55,7 @@ private:
     mutable std::mutex m_mutex; // guards all below
     unsigned m_run = 0;         // 0: closed
     CollectionPtr m_collection;
-    std::shared_ptr<const TransportMarks> m_marks; // null for none
+    std::shared_ptr<const TransportStreamInfo> m_marks; // null for none
     StreamSelection m_active;
     std::string m_url;                 // of the media that m_pids belongs to
     std::map<std::string, int> m_pids; // by stream id: the same for each run of a media

@@ -50,7 +50,7 @@ StreamMarks marksOf(const dvbpsi_pmt_es_t& stream) {
 
 } // namespace
 
-ProgramMapReader::ProgramMapReader(std::shared_ptr<TransportMarks> marks)
+ProgramMapReader::ProgramMapReader(std::shared_ptr<TransportStreamInfo> marks)
     : m_marks(std::move(marks)), m_programs(dvbpsi_new(nullptr, DVBPSI_MSG_NONE)),
       m_map(dvbpsi_new(nullptr, DVBPSI_MSG_NONE)) {
     m_isRead = !m_programs || !m_map || !dvbpsi_pat_attach(m_programs, &ProgramMapReader::onPrograms, this);

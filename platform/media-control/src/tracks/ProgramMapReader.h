@@ -2,7 +2,7 @@
 #ifndef MEDIA_CONTROL_PROGRAMMAPREADER_H
 #define MEDIA_CONTROL_PROGRAMMAPREADER_H
 
-#include "tracks/TransportMarks.h"
+#include "tracks/TransportStreamInfo.h"
 
 #include <cstdint>
 #include <memory>
@@ -17,7 +17,7 @@ namespace media {
 class ProgramMapReader {
 public:
     /** @param marks gets those of the first program's streams */
-    explicit ProgramMapReader(std::shared_ptr<TransportMarks> marks);
+    explicit ProgramMapReader(std::shared_ptr<TransportStreamInfo> marks);
     ~ProgramMapReader();
 
     ProgramMapReader(const ProgramMapReader&) = delete;
@@ -31,7 +31,7 @@ private:
     static void onPrograms(void* self, dvbpsi_pat_s* programs);
     static void onMap(void* self, dvbpsi_pmt_s* map);
 
-    const std::shared_ptr<TransportMarks> m_marks;
+    const std::shared_ptr<TransportStreamInfo> m_marks;
     dvbpsi_s* const m_programs;
     dvbpsi_s* const m_map;
     int m_mapPid = -1;

@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <array>
 
+namespace tv {
+
 namespace {
 
 using Kind = TimelineEntry::Kind;
@@ -143,3 +145,5 @@ void ObjectTable::hideEvent(QHideEvent* event) {
     QTableWidget::hideEvent(event);
     m_timer.stop();
 }
+
+} // namespace tv

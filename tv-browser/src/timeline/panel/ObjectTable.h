@@ -10,6 +10,8 @@
 #include <QTableWidget>
 #include <QTimer>
 
+namespace tv {
+
 class ObjectTable : public QTableWidget {
     Q_OBJECT
 public:
@@ -41,5 +43,7 @@ private:
     QTimer m_timer;
     QMap<int, Object> m_objects;
 };
+
+} // namespace tv
 
 #endif

@@ -7,6 +7,8 @@
 #include <QToolTip>
 #include <array>
 
+namespace tv {
+
 namespace {
 
 using Kind = TimelineEntry::Kind;
@@ -205,3 +207,5 @@ void StateBands::showEvent(QShowEvent*) {
 void StateBands::hideEvent(QHideEvent*) {
     m_timer.stop();
 }
+
+} // namespace tv

@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWidget>
 
+namespace tv {
+
 class StateBands : public QWidget {
     Q_OBJECT
 public:
@@ -59,5 +61,7 @@ private:
 
 /** @return the colour of a `playState` */
 QColor playStateColour(int state);
+
+} // namespace tv
 
 #endif

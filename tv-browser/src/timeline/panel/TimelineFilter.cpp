@@ -2,6 +2,8 @@
 
 #include "timeline/panel/TimelineModel.h"
 
+namespace tv {
+
 void TimelineFilter::showKinds(const Kinds& kinds, bool visible) {
     m_kinds = visible ? m_kinds | kinds : m_kinds & ~kinds;
     invalidateFilter();
@@ -22,3 +24,5 @@ bool TimelineFilter::filterAcceptsRow(int row, const QModelIndex&) const {
     return m_kinds[static_cast<size_t>(entry.kind)] && (m_object == 0 || entry.object == m_object) &&
            (m_text.isEmpty() || entry.text.contains(m_text, Qt::CaseInsensitive));
 }
+
+} // namespace tv

@@ -9,6 +9,8 @@
 #include <QSortFilterProxyModel>
 #include <bitset>
 
+namespace tv {
+
 class TimelineFilter : public QSortFilterProxyModel {
     Q_OBJECT
 public:
@@ -33,5 +35,7 @@ private:
     int m_object = 0;
     QString m_text;
 };
+
+} // namespace tv
 
 #endif

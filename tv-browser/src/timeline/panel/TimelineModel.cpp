@@ -2,6 +2,8 @@
 
 #include <QColor>
 
+namespace tv {
+
 namespace {
 
 using Kind = TimelineEntry::Kind;
@@ -92,3 +94,5 @@ QVariant TimelineModel::headerData(int section, Qt::Orientation orientation, int
     return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(QLatin1String(titles[section]))
                                                                     : QVariant();
 }
+
+} // namespace tv

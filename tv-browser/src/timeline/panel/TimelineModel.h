@@ -9,6 +9,8 @@
 #include <QAbstractTableModel>
 #include <deque>
 
+namespace tv {
+
 class TimelineModel : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -25,5 +27,7 @@ public:
 private:
     std::deque<TimelineEntry> m_entries;
 };
+
+} // namespace tv
 
 #endif

@@ -11,6 +11,8 @@
 #include <QTableView>
 #include <QToolButton>
 
+namespace tv {
+
 namespace {
 
 using Kind = TimelineEntry::Kind;
@@ -182,3 +184,5 @@ void TimelinePanel::append(const TimelineEntries& entries) {
 void TimelinePanel::showEntry(const TimelineEntry& entry) {
     m_whole->setPlainText(QString::fromUtf8(QJsonDocument(timelineJson(entry)).toJson()));
 }
+
+} // namespace tv

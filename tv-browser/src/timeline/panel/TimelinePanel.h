@@ -16,6 +16,8 @@ class QLineEdit;
 class QPlainTextEdit;
 class QTableView;
 
+namespace tv {
+
 class TimelinePanel : public QWidget {
     Q_OBJECT
 public:
@@ -45,5 +47,7 @@ private:
     QPlainTextEdit* m_whole;
     bool m_follows = true; ///< the list stays at its newest entry
 };
+
+} // namespace tv
 
 #endif

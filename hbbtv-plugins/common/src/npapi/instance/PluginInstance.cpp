@@ -2,7 +2,7 @@
 
 #include "npapi/engine/BrowserFunctions.h"
 #include "npapi/instance/AsyncCalls.h"
-#include "npapi/instance/ElementPlace.h"
+#include "npapi/instance/ElementRectangle.h"
 #include "npapi/instance/PluginScriptObject.h"
 #include "npapi/instance/PluginTrace.h"
 #include "npapi/page/PageFunction.h"
@@ -217,7 +217,7 @@ void PluginInstance::place(void* npp) {
     }
     instance->m_placeScheduled = false;
     NPWindow window = instance->m_window;
-    ElementPlace place = {window.x, window.y, window.width, window.height};
+    ElementRectangle place = {window.x, window.y, window.width, window.height};
     findElementPlace(static_cast<NPP>(npp), &place);
     // The look at the page may have run layout, and layout may have ended the instance.
     instance = of(static_cast<NPP>(npp));

@@ -1,4 +1,4 @@
-#include "npapi/instance/ElementPlace.h"
+#include "npapi/instance/ElementRectangle.h"
 
 #include "npapi/npruntime.h"
 
@@ -72,7 +72,7 @@ bool addCorner(NPP npp, NPObject* element, double* x, double* y) {
 
 } // namespace
 
-bool findElementPlace(NPP npp, ElementPlace* place) {
+bool findElementPlace(NPP npp, ElementRectangle* place) {
     NPObject* element = nullptr;
     NPObject* window = nullptr;
     if (NPN_GetValue(npp, NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element ||

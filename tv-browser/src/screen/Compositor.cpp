@@ -1,9 +1,11 @@
-#include "screen/TvScreen.h"
+#include "screen/Compositor.h"
 
 #include "page/TvPage.h"
 
 #include <QPainter>
 #include <QWebFrame>
+
+namespace tv {
 
 namespace {
 
@@ -11,27 +13,27 @@ const QRect wholeScreen(QPoint(), tvScreenSize);
 
 } // namespace
 
-TvScreen::TvScreen(TvPage& page)
+Compositor::Compositor(TvPage& page)
     : m_page(page), m_fullScreenObjects(*page.mainFrame()), m_stale(wholeScreen),
       m_picture(tvScreenSize, QImage::Format_RGB32) {
     m_paintTimer.setSingleShot(true);
-    connect(&m_paintTimer, &QTimer::timeout, this, &TvScreen::paintPage);
-    connect(&page, &QWebPage::repaintRequested, this, &TvScreen::pageChanged);
+    connect(&m_paintTimer, &QTimer::timeout, this, &Compositor::paintPage);
+    connect(&page, &QWebPage::repaintRequested, this, &Compositor::pageChanged);
     connect(&page, &QWebPage::scrollRequested, this,
             [this](int, int, const QRect& rectangle) { pageChanged(rectangle); });
-    connect(&m_planes, &VideoPlanes::changed, this, &TvScreen::addStale);
-    connect(&m_planes, &VideoPlanes::placesChanged, this, &TvScreen::updateObjects);
+    connect(&m_planes, &VideoPlanes::changed, this, &Compositor::addStale);
+    connect(&m_planes, &VideoPlanes::placesChanged, this, &Compositor::updateObjects);
     pageChanged(wholeScreen);
 }
 
-void TvScreen::pageChanged(const QRect& rectangle) {
+void Compositor::pageChanged(const QRect& rectangle) {
     m_pageDirty += rectangle & wholeScreen;
     if (!m_pageDirty.isEmpty() && !m_paintTimer.isActive()) {
         m_paintTimer.start(0);
     }
 }
 
-void TvScreen::paintPage() {
+void Compositor::paintPage() {
     QRegion dirty;
     dirty.swap(m_pageDirty);
     m_pagePicture.paint(*m_page.mainFrame(), dirty, m_isVideoBehindPage ? Qt::transparent : Qt::black);
@@ -41,7 +43,7 @@ void TvScreen::paintPage() {
     addStale(dirty);
 }
 
-void TvScreen::updateObjects() {
+void Compositor::updateObjects() {
     m_fullScreenObjects.update();
     m_planes.setHidden(m_planes.overlap() ? m_fullScreenObjects.hiddenPlayers() : QSet<int>());
     // What clips an object's place in the layout does not clip the screen.
@@ -51,7 +53,7 @@ void TvScreen::updateObjects() {
     }
 }
 
-void TvScreen::addStale(const QRegion& region) {
+void Compositor::addStale(const QRegion& region) {
     const QRegion visible = region & wholeScreen;
     if (!visible.isEmpty()) {
         m_stale += visible;
@@ -59,7 +61,7 @@ void TvScreen::addStale(const QRegion& region) {
     }
 }
 
-const QImage& TvScreen::picture() {
+const QImage& Compositor::picture() {
     if (!m_stale.isEmpty()) {
         QPainter painter(&m_picture);
         painter.setClipRegion(m_stale);
@@ -72,3 +74,5 @@ const QImage& TvScreen::picture() {
     }
     return m_picture;
 }
+
+} // namespace tv

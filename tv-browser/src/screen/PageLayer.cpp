@@ -1,11 +1,13 @@
-#include "screen/PagePicture.h"
+#include "screen/PageLayer.h"
 
-#include "interpose/XStandIns.h"
+#include "interpose/X11Interposition.h"
 #include "page/TvPage.h"
 
 #include <QPainter>
 #include <QWebFrame>
 #include <algorithm>
+
+namespace tv {
 
 namespace {
 
@@ -48,13 +50,13 @@ void cutHoles(QImage& page, const QImage& whitePage, const QRect& rectangle) {
 
 } // namespace
 
-PagePicture::PagePicture()
+PageLayer::PageLayer()
     : m_page(tvScreenSize, QImage::Format_ARGB32_Premultiplied),
       m_white(tvScreenSize, QImage::Format_ARGB32_Premultiplied) {
     m_page.fill(Qt::black);
 }
 
-void PagePicture::paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground) {
+void PageLayer::paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground) {
     if (!paintWithElementsIn(black, ground, mainFrame, m_page, region)) {
         return;
     }
@@ -63,3 +65,5 @@ void PagePicture::paint(QWebFrame& mainFrame, const QRegion& region, const QColo
         cutHoles(m_page, m_white, rectangle);
     }
 }
+
+} // namespace tv

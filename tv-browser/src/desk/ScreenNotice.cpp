@@ -1,6 +1,8 @@
-#include "desk/PictureNotice.h"
+#include "desk/ScreenNotice.h"
 
 #include <QEvent>
+
+namespace tv {
 
 namespace {
 
@@ -13,7 +15,7 @@ constexpr int playing = 1;
 
 } // namespace
 
-PictureNotice::PictureNotice(QWidget* picture) : QLabel(picture) {
+ScreenNotice::ScreenNotice(QWidget* picture) : QLabel(picture) {
     setTextFormat(Qt::PlainText);
     setMargin(padding);
     setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white; border-radius: 6px;"));
@@ -24,17 +26,17 @@ PictureNotice::PictureNotice(QWidget* picture) : QLabel(picture) {
     hide();
 }
 
-void PictureNotice::tell(const QString& what, const QString& advice) {
+void ScreenNotice::tell(const QString& what, const QString& advice) {
     show(0, advice.isEmpty() ? QStringList(what) : QStringList{what, advice});
 }
 
-void PictureNotice::clearPage() {
+void ScreenNotice::clearPage() {
     if (m_object == 0) {
         hide();
     }
 }
 
-void PictureNotice::append(const TimelineEntries& entries) {
+void ScreenNotice::append(const TimelineEntries& entries) {
     for (const TimelineEntry& entry : entries) {
         const QString advice = QStringLiteral("F9 shows the requests and the player's reports that led to it.");
         if (entry.kind == Kind::ERROR) {
@@ -57,7 +59,7 @@ void PictureNotice::append(const TimelineEntries& entries) {
     }
 }
 
-void PictureNotice::show(int object, const QStringList& lines) {
+void ScreenNotice::show(int object, const QStringList& lines) {
     m_object = object;
     m_lines = lines;
     m_end.start();
@@ -67,7 +69,7 @@ void PictureNotice::show(int object, const QStringList& lines) {
 }
 
 /** Of an address that is too long, server and file name are what counts. */
-void PictureNotice::place() {
+void ScreenNotice::place() {
     const int room = parentWidget()->width() - 2 * (distance + padding);
     QStringList lines;
     for (const QString& line : m_lines) {
@@ -78,13 +80,15 @@ void PictureNotice::place() {
     move(distance, parentWidget()->height() - height() - distance);
 }
 
-bool PictureNotice::eventFilter(QObject*, QEvent* event) {
+bool ScreenNotice::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::Resize && isVisible()) {
         place();
     }
     return false;
 }
 
-void PictureNotice::mousePressEvent(QMouseEvent*) {
+void ScreenNotice::mousePressEvent(QMouseEvent*) {
     hide();
 }
+
+} // namespace tv

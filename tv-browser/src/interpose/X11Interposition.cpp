@@ -1,4 +1,4 @@
-#include "interpose/XStandIns.h"
+#include "interpose/X11Interposition.h"
 
 #include <QGuiApplication>
 #include <X11/Xlib.h>
@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <vector>
+
+namespace tv {
 
 namespace {
 
@@ -132,3 +134,5 @@ STAND_IN int XFreePixmap(Display* display, Pixmap pixmap) {
 STAND_IN int XSync(Display* display, Bool discard) {
     return isReal(display) ? original<decltype(XSync)>("XSync")(display, discard) : 1;
 }
+
+} // namespace tv

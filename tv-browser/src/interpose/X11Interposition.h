@@ -4,10 +4,12 @@
  * The engine has a plug-in paint into an X pixmap and fetches the result with XGetImage. This program defines these
  * functions itself, so that it says what an element looks like, and that no X server is needed for it.
  */
-#ifndef XSTANDINS_H
-#define XSTANDINS_H
+#ifndef X11INTERPOSITION_H
+#define X11INTERPOSITION_H
 
 #include <cstdint>
+
+namespace tv {
 
 /** While one exists, every plug-in element is painted in one colour. One at a time, on the engine's thread. */
 class PluginElementColour {
@@ -22,5 +24,7 @@ public:
     /** @return true when an element was painted since construction */
     bool wasUsed() const;
 };
+
+} // namespace tv
 
 #endif

@@ -1,30 +1,32 @@
-#include "desk/TvPicture.h"
+#include "desk/ScreenView.h"
 
 #include "page/TvPage.h"
-#include "screen/TvScreen.h"
+#include "screen/Compositor.h"
 
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTransform>
 
-TvPicture::TvPicture(TvScreen& screen, QWidget* parent) : QWidget(parent), m_screen(screen) {
+namespace tv {
+
+ScreenView::ScreenView(Compositor& screen, QWidget* parent) : QWidget(parent), m_screen(screen) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(tvScreenSize / 5);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // It has what the panels leave.
-    connect(&screen, &TvScreen::changed, this, &TvPicture::updatePart);
+    connect(&screen, &Compositor::changed, this, &ScreenView::updatePart);
 }
 
-QSize TvPicture::sizeHint() const {
+QSize ScreenView::sizeHint() const {
     return tvScreenSize;
 }
 
-QRectF TvPicture::pictureArea() const {
+QRectF ScreenView::pictureArea() const {
     const QSizeF size = QSizeF(tvScreenSize).scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 
-void TvPicture::updatePart(const QRegion& region) {
+void ScreenView::updatePart(const QRegion& region) {
     const QRectF area = pictureArea();
     const qreal scale = area.width() / tvScreenSize.width();
     const QTransform toWidget = QTransform(scale, 0, 0, scale, area.x(), area.y());
@@ -36,12 +38,12 @@ void TvPicture::updatePart(const QRegion& region) {
     update(part);
 }
 
-void TvPicture::focusOutEvent(QFocusEvent* event) {
+void ScreenView::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     emit keyboardLost();
 }
 
-void TvPicture::paintEvent(QPaintEvent* event) {
+void ScreenView::paintEvent(QPaintEvent* event) {
     const QRectF area = pictureArea();
     QPainter painter(this);
     painter.setClipRegion(event->region());
@@ -51,3 +53,5 @@ void TvPicture::paintEvent(QPaintEvent* event) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, area.size() != QSizeF(tvScreenSize));
     painter.drawImage(area, m_screen.picture());
 }
+
+} // namespace tv

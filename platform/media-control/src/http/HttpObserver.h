@@ -1,6 +1,6 @@
 /** What GStreamer's HTTP library does for a media and GStreamer keeps to itself. */
-#ifndef MEDIA_CONTROL_MEDIACONNECTIONS_H
-#define MEDIA_CONTROL_MEDIACONNECTIONS_H
+#ifndef MEDIA_CONTROL_HTTPOBSERVER_H
+#define MEDIA_CONTROL_HTTPOBSERVER_H
 
 #include "gst/PlayerThread.h"
 
@@ -14,14 +14,14 @@ namespace media {
  * the media: with several at once each answer is told of the media whose address begins most like the request's.
  * Answers to the media's own address are those of RequestTrace.h.
  */
-class MediaConnections {
+class HttpObserver {
 public:
     /** @param thread where the answers are traced; outlives this @param url of the media, absolute. Thread: any. */
-    MediaConnections(PlayerThread& thread, int player, const std::string& url);
-    ~MediaConnections();
+    HttpObserver(PlayerThread& thread, int player, const std::string& url);
+    ~HttpObserver();
 
-    MediaConnections(const MediaConnections&) = delete;
-    MediaConnections& operator=(const MediaConnections&) = delete;
+    HttpObserver(const HttpObserver&) = delete;
+    HttpObserver& operator=(const HttpObserver&) = delete;
 
     /** @return for people: what a failed connection for the media's own address failed in; empty when not known. Any
      *          thread. */

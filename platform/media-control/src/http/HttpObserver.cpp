@@ -1,4 +1,4 @@
-#include "http/MediaConnections.h"
+#include "http/HttpObserver.h"
 
 #include "gst/GstPointer.h"
 #include "trace/MediaTrace.h"
@@ -16,7 +16,7 @@ constexpr const char* OF_A_SOURCE = "media-control-of-a-source";
 enum class Stage { Unknown, Resolving, Connecting, Securing, Asking, Answered };
 
 struct Media {
-    const MediaConnections* key;
+    const HttpObserver* key;
     PlayerThread* thread;
     int player;
     std::string url;
@@ -80,7 +80,7 @@ Media* ownerOf(SoupMessage* message) {
     if (found == all.rend()) {
         return nullptr;
     }
-    g_object_set_data(G_OBJECT(message), OF_A_SOURCE, const_cast<MediaConnections*>(found->key));
+    g_object_set_data(G_OBJECT(message), OF_A_SOURCE, const_cast<HttpObserver*>(found->key));
     return &*found;
 }
 
@@ -154,21 +154,21 @@ void listenOnce() {
 
 } // namespace
 
-MediaConnections::MediaConnections(PlayerThread& thread, int player, const std::string& url) {
+HttpObserver::HttpObserver(PlayerThread& thread, int player, const std::string& url) {
     listenOnce();
     const Media media = {this, &thread, player, spelled(url), Stage::Unknown, {}};
     const std::lock_guard<std::mutex> lock(registry().mutex);
     registry().media.push_back(media);
 }
 
-MediaConnections::~MediaConnections() {
+HttpObserver::~HttpObserver() {
     std::vector<Media>& media = registry().media;
     const std::lock_guard<std::mutex> lock(registry().mutex);
     media.erase(std::remove_if(media.begin(), media.end(), [this](const Media& entry) { return entry.key == this; }),
                 media.end());
 }
 
-std::string MediaConnections::failure() const {
+std::string HttpObserver::failure() const {
     const std::lock_guard<std::mutex> lock(registry().mutex);
     const std::vector<Media>& all = registry().media;
     const auto own = std::find_if(all.begin(), all.end(), [this](const Media& entry) { return entry.key == this; });

@@ -1,6 +1,8 @@
-#include "remote/KeyHold.h"
+#include "remote/KeyRepeat.h"
 
 #include "remote/RemoteKeys.h"
+
+namespace tv {
 
 namespace {
 
@@ -10,7 +12,7 @@ constexpr int repeatMs = 110;
 
 } // namespace
 
-KeyHold::KeyHold(QObject* parent) : QObject(parent) {
+KeyRepeat::KeyRepeat(QObject* parent) : QObject(parent) {
     m_repeat.setTimerType(Qt::PreciseTimer);
     connect(&m_repeat, &QTimer::timeout, this, [this] {
         m_repeat.start(repeatMs);
@@ -18,17 +20,19 @@ KeyHold::KeyHold(QObject* parent) : QObject(parent) {
     });
 }
 
-void KeyHold::press(const RemoteKey& key) {
+void KeyRepeat::press(const RemoteKey& key) {
     release();
     m_key = &key;
     m_repeat.start(firstRepeatMs);
     emit remoteKey(key, true, false);
 }
 
-void KeyHold::release() {
+void KeyRepeat::release() {
     m_repeat.stop();
     if (const RemoteKey* key = m_key) {
         m_key = nullptr;
         emit remoteKey(*key, false, false);
     }
 }
+
+} // namespace tv

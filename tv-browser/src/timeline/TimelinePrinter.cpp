@@ -1,8 +1,10 @@
-#include "timeline/TraceLog.h"
+#include "timeline/TimelinePrinter.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <string>
+
+namespace tv {
 
 void printTrace(const TimelineEntries& entries) {
     for (const TimelineEntry& entry : entries) {
@@ -17,3 +19,5 @@ void printTrace(const TimelineEntries& entries) {
     }
     std::fflush(stdout);
 }
+
+} // namespace tv

@@ -1,6 +1,8 @@
-#include "timeline/PlaybackStories.h"
+#include "timeline/PlaybackTracker.h"
 
 #include "medialib.h"
+
+namespace tv {
 
 namespace {
 
@@ -13,7 +15,7 @@ constexpr int refused = 400; // the first such HTTP status
 
 } // namespace
 
-void PlaybackStories::tell(TimelineEntry entry, TimelineEntries& told) {
+void PlaybackTracker::tell(TimelineEntry entry, TimelineEntries& told) {
     const QString name = entry.fields.value(QLatin1String("name")).toString();
     if (entry.kind == Kind::CREATED) {
         m_newest = entry.object;
@@ -63,7 +65,7 @@ void PlaybackStories::tell(TimelineEntry entry, TimelineEntries& told) {
     }
 }
 
-TimelineEntry PlaybackStories::errorOf(const TimelineEntry& report) const {
+TimelineEntry PlaybackTracker::errorOf(const TimelineEntry& report) const {
     const int code = report.fields.value(QLatin1String("code")).toInt();
     const QString cause = report.fields.value(QLatin1String("detail")).toString();
     const QString url = m_stories.value(report.object).url;
@@ -80,7 +82,7 @@ TimelineEntry PlaybackStories::errorOf(const TimelineEntry& report) const {
     return error;
 }
 
-void PlaybackStories::lookForStalls(int64_t nowUs, TimelineEntries& told) {
+void PlaybackTracker::lookForStalls(int64_t nowUs, TimelineEntries& told) {
     if (nowUs - m_lookedUs < lookIntervalUs) {
         return;
     }
@@ -110,3 +112,5 @@ void PlaybackStories::lookForStalls(int64_t nowUs, TimelineEntries& told) {
         }
     }
 }
+
+} // namespace tv

@@ -1,18 +1,20 @@
 /**
  * A key of the remote control while a finger is on it: as long as it is held, it comes again and again.
  */
-#ifndef KEYHOLD_H
-#define KEYHOLD_H
+#ifndef KEYREPEAT_H
+#define KEYREPEAT_H
 
 #include <QObject>
 #include <QTimer>
 
+namespace tv {
+
 struct RemoteKey;
 
-class KeyHold : public QObject {
+class KeyRepeat : public QObject {
     Q_OBJECT
 public:
-    explicit KeyHold(QObject* parent = nullptr);
+    explicit KeyRepeat(QObject* parent = nullptr);
 
     /** Presses a key; one that is still held is released before. */
     void press(const RemoteKey& key);
@@ -30,5 +32,7 @@ private:
     const RemoteKey* m_key = nullptr;
     QTimer m_repeat;
 };
+
+} // namespace tv
 
 #endif

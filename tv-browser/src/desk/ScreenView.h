@@ -1,18 +1,20 @@
 /**
  * The television's picture as a widget, in the right shape at any size.
  */
-#ifndef TVPICTURE_H
-#define TVPICTURE_H
+#ifndef SCREENVIEW_H
+#define SCREENVIEW_H
 
 #include <QWidget>
 
-class TvScreen;
+namespace tv {
 
-class TvPicture : public QWidget {
+class Compositor;
+
+class ScreenView : public QWidget {
     Q_OBJECT
 public:
     /** @param screen outlives the widget */
-    explicit TvPicture(TvScreen& screen, QWidget* parent = nullptr);
+    explicit ScreenView(Compositor& screen, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
 
@@ -28,7 +30,9 @@ private:
     QRectF pictureArea() const;
     void updatePart(const QRegion& region);
 
-    TvScreen& m_screen;
+    Compositor& m_screen;
 };
+
+} // namespace tv
 
 #endif

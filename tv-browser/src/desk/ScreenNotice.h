@@ -1,19 +1,21 @@
 /**
  * What a person in front of the picture has to know now, in a few lines over its foot: what happened, and what to do.
  */
-#ifndef PICTURENOTICE_H
-#define PICTURENOTICE_H
+#ifndef SCREENNOTICE_H
+#define SCREENNOTICE_H
 
 #include "timeline/TimelineEntry.h"
 
 #include <QLabel>
 #include <QTimer>
 
-class PictureNotice : public QLabel {
+namespace tv {
+
+class ScreenNotice : public QLabel {
     Q_OBJECT
 public:
     /** @param picture what it lies on; takes it */
-    explicit PictureNotice(QWidget* picture);
+    explicit ScreenNotice(QWidget* picture);
 
     /** Shows a notice of the page or the window for some seconds, in place of another one. */
     void tell(const QString& what, const QString& advice = {});
@@ -36,5 +38,7 @@ private:
     QStringList m_lines;
     int m_object = 0; ///< that the notice is about; 0: page or window
 };
+
+} // namespace tv
 
 #endif

@@ -1,6 +1,6 @@
 /** The end of a pipeline. */
-#ifndef MEDIA_CONTROL_PIPELINEEND_H
-#define MEDIA_CONTROL_PIPELINEEND_H
+#ifndef MEDIA_CONTROL_PIPELINESHUTDOWN_H
+#define MEDIA_CONTROL_PIPELINESHUTDOWN_H
 
 #include "gst/GstPointer.h"
 #include "gst/PlayerThread.h"

@@ -1,15 +1,15 @@
-#include "tracks/TransportMarks.h"
+#include "tracks/TransportStreamInfo.h"
 
 #include <cstdlib>
 
 namespace media {
 
-void TransportMarks::set(int pid, const StreamMarks& marks) {
+void TransportStreamInfo::set(int pid, const StreamMarks& marks) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_marks[pid] = marks;
 }
 
-StreamMarks TransportMarks::of(const std::string& stream) const {
+StreamMarks TransportStreamInfo::of(const std::string& stream) const {
     const size_t slash = stream.rfind('/');
     if (slash == std::string::npos) {
         return {};

@@ -1,8 +1,8 @@
 /**
  * The picture of the page, with holes where its plug-in elements show.
  */
-#ifndef PAGEPICTURE_H
-#define PAGEPICTURE_H
+#ifndef PAGELAYER_H
+#define PAGELAYER_H
 
 #include <QColor>
 #include <QImage>
@@ -10,9 +10,11 @@
 
 class QWebFrame;
 
-class PagePicture {
+namespace tv {
+
+class PageLayer {
 public:
-    PagePicture();
+    PageLayer();
 
     /**
      * Paints a part of the page anew. Runs layout, and with it whatever the engine and its plug-ins do then.
@@ -27,5 +29,7 @@ private:
     QImage m_page;
     QImage m_white; ///< the same with white plug-in elements
 };
+
+} // namespace tv
 
 #endif

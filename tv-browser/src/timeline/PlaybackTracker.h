@@ -1,14 +1,16 @@
 /**
  * What the timeline knows of each object and its player: it completes entries, and tells errors and stalls in words.
  */
-#ifndef PLAYBACKSTORIES_H
-#define PLAYBACKSTORIES_H
+#ifndef PLAYBACKTRACKER_H
+#define PLAYBACKTRACKER_H
 
 #include "timeline/TimelineEntry.h"
 
 #include <QHash>
 
-class PlaybackStories {
+namespace tv {
+
+class PlaybackTracker {
 public:
     /** Appends an entry, completed, and what follows from it. Reads that tell nothing new are left out. */
     void tell(TimelineEntry entry, TimelineEntries& told);
@@ -34,5 +36,7 @@ private:
     int m_newest = 0; ///< object: the next player that opens is its
     int64_t m_lookedUs = 0;
 };
+
+} // namespace tv
 
 #endif

@@ -1,11 +1,11 @@
 /** Where an instance's element is on the screen. */
-#ifndef ELEMENTPLACE_H
-#define ELEMENTPLACE_H
+#ifndef ELEMENTRECTANGLE_H
+#define ELEMENTRECTANGLE_H
 
 #include "npapi/npapi.h"
 
 /** Place and size of an element's content, in pixels of the browser's picture. */
-struct ElementPlace {
+struct ElementRectangle {
     int32_t x;
     int32_t y;
     uint32_t width;
@@ -18,6 +18,6 @@ struct ElementPlace {
  * @param place left as it is when the page does not tell
  * @return false when the page does not tell
  */
-bool findElementPlace(NPP npp, ElementPlace* place);
+bool findElementPlace(NPP npp, ElementRectangle* place);
 
 #endif

@@ -1,4 +1,4 @@
-#include "playback/PipelineEnd.h"
+#include "playback/PipelineShutdown.h"
 
 #include "gst/ElementSearch.h"
 

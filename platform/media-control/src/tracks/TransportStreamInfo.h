@@ -1,6 +1,6 @@
 /** What an MPEG transport stream says of its streams and GStreamer's tags do not. Threads: any. */
-#ifndef MEDIA_CONTROL_TRANSPORTMARKS_H
-#define MEDIA_CONTROL_TRANSPORTMARKS_H
+#ifndef MEDIA_CONTROL_TRANSPORTSTREAMINFO_H
+#define MEDIA_CONTROL_TRANSPORTSTREAMINFO_H
 
 #include <map>
 #include <mutex>
@@ -13,7 +13,7 @@ struct StreamMarks {
     bool audioDescription = false;
 };
 
-class TransportMarks {
+class TransportStreamInfo {
 public:
     void set(int pid, const StreamMarks& marks);
 

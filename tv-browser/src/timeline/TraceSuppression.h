@@ -1,17 +1,19 @@
 /**
  * Script of the television's own, which the timeline does not tell: it is no page's doing.
  */
-#ifndef UNOBSERVEDSCRIPT_H
-#define UNOBSERVEDSCRIPT_H
+#ifndef TRACESUPPRESSION_H
+#define TRACESUPPRESSION_H
+
+namespace tv {
 
 /** While one exists, what script does with plug-in objects is not told. One at a time, on the engine's thread. */
-class UnobservedScript {
+class TraceSuppression {
 public:
-    UnobservedScript() { s_runs = true; }
-    ~UnobservedScript() { s_runs = false; }
+    TraceSuppression() { s_runs = true; }
+    ~TraceSuppression() { s_runs = false; }
 
-    UnobservedScript(const UnobservedScript&) = delete;
-    UnobservedScript& operator=(const UnobservedScript&) = delete;
+    TraceSuppression(const TraceSuppression&) = delete;
+    TraceSuppression& operator=(const TraceSuppression&) = delete;
 
     /** @return true while one exists */
     static bool runs() { return s_runs; }
@@ -19,5 +21,7 @@ public:
 private:
     static inline bool s_runs = false;
 };
+
+} // namespace tv
 
 #endif

@@ -1,11 +1,11 @@
 /**
  * What the television shows: black, the video planes, and the page on top.
  */
-#ifndef TVSCREEN_H
-#define TVSCREEN_H
+#ifndef COMPOSITOR_H
+#define COMPOSITOR_H
 
 #include "screen/FullScreenObjects.h"
-#include "screen/PagePicture.h"
+#include "screen/PageLayer.h"
 #include "screen/VideoPlanes.h"
 
 #include <QImage>
@@ -13,13 +13,15 @@
 #include <QRegion>
 #include <QTimer>
 
+namespace tv {
+
 class TvPage;
 
-class TvScreen : public QObject {
+class Compositor : public QObject {
     Q_OBJECT
 public:
     /** @param page outlives this object */
-    explicit TvScreen(TvPage& page);
+    explicit Compositor(TvPage& page);
 
     /** @return the picture of this moment, 1280x720; only what changed since the last call is composed */
     const QImage& picture();
@@ -35,7 +37,7 @@ private:
     void addStale(const QRegion& region);
 
     TvPage& m_page;
-    PagePicture m_pagePicture;
+    PageLayer m_pagePicture;
     VideoPlanes m_planes;
     FullScreenObjects m_fullScreenObjects;
     bool m_isVideoBehindPage = false; ///< behind all of it, not only behind its elements
@@ -44,5 +46,7 @@ private:
     QRegion m_stale; ///< of the composed picture
     QImage m_picture;
 };
+
+} // namespace tv
 
 #endif
