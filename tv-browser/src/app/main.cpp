@@ -27,6 +27,12 @@ QString programFolder() {
     return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
 }
 
+/** @return where the plug-in module is, seen from a build folder or from an installed program */
+QString defaultPluginFolder() {
+    const QString built = programFolder() + QStringLiteral("/../lib/npapi");
+    return QFileInfo::exists(built) ? built : programFolder() + QStringLiteral("/" TV_BROWSER_PLUGIN_FOLDER);
+}
+
 /** @return why the module cannot be loaded, or an empty text when it can. It stays loaded. */
 QString loadProblem(const QString& module) {
     if (!QFileInfo::exists(module)) {
@@ -116,9 +122,7 @@ int main(int argc, char* argv[]) {
 
     choosePlatform(commandLine);
     const QString pluginFolder =
-        QDir(commandLine.pluginFolder.isEmpty() ? programFolder() + QStringLiteral("/../lib/npapi")
-                                                : commandLine.pluginFolder)
-            .absolutePath();
+        QDir(commandLine.pluginFolder.isEmpty() ? defaultPluginFolder() : commandLine.pluginFolder).absolutePath();
     const QString pluginModule = pluginFolder + QStringLiteral("/npavcontrol.so");
     const Watchdog watchdog(commandLine.exitAfter);
     const QString problem = loadProblem(pluginModule);
