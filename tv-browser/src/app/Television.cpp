@@ -2,6 +2,7 @@
 
 #include "app/PageTarget.h"
 #include "base/MonotonicTime.h"
+#include "base/Print.h"
 #include "faults/FaultRule.h"
 #include "faults/InjectedReport.h"
 #include "timeline/TimelinePrinter.h"
@@ -12,17 +13,12 @@
 #include <QTimer>
 #include <QWebFrame>
 #include <algorithm>
-#include <cstdio>
 
 namespace tv {
 
 namespace {
 
 constexpr double keyGapSeconds = 0.1;
-
-void complain(const QString& text) {
-    std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(text));
-}
 
 int toMilliseconds(double seconds) {
     return static_cast<int>(seconds * 1000);
@@ -37,7 +33,7 @@ Television::Television(const CommandLine& commandLine, int64_t startUs)
     m_page.setAddressNames([this](const QUrl& url) { return addressName(url); });
     connect(&m_page, &TvPage::loaded, this, &Television::pageLoaded);
     connect(&m_page, &TvPage::applicationEnded, this,
-            [] { complain(QStringLiteral("the application has ended itself with destroyApplication()")); });
+            [] { printError(QStringLiteral("the application has ended itself with destroyApplication()")); });
     connect(&m_page, &TvPage::loadFailed, this, &Television::pageFailed);
     if (commandLine.verdict) {
         m_probe = std::make_unique<ScreenProbe>(m_screen, *m_page.mainFrame());
@@ -63,16 +59,17 @@ Television::~Television() {
 int Television::run(const QString& pluginModule) {
     const QString found = m_page.mediaPluginFile();
     if (found != QFileInfo(pluginModule).fileName()) {
-        complain(found.isEmpty()
-                     ? QStringLiteral("the engine did not accept the plug-in %1").arg(pluginModule)
-                     : QStringLiteral("the engine would use the plug-in %1 for video/mp4 instead of %2; remove it from "
-                                      "its plug-in folder")
-                           .arg(found, pluginModule));
+        printError(
+            found.isEmpty()
+                ? QStringLiteral("the engine did not accept the plug-in %1").arg(pluginModule)
+                : QStringLiteral("the engine would use the plug-in %1 for video/mp4 instead of %2; remove it from "
+                                 "its plug-in folder")
+                      .arg(found, pluginModule));
         return 1;
     }
     if (m_timelineFile && !m_timelineFile->problem().isEmpty()) {
-        complain(QStringLiteral("--timeline %1: the file cannot be written: %2")
-                     .arg(m_commandLine.timelineFile, m_timelineFile->problem()));
+        printError(QStringLiteral("--timeline %1: the file cannot be written: %2")
+                       .arg(m_commandLine.timelineFile, m_timelineFile->problem()));
         return 1;
     }
     QUrl url;
@@ -81,7 +78,7 @@ int Television::run(const QString& pluginModule) {
     }
     setFaults(url);
     if (m_commandLine.headless && (m_commandLine.panel || m_commandLine.inspect)) {
-        complain(QStringLiteral("--panel and --inspect have no effect without a window"));
+        printError(QStringLiteral("--panel and --inspect have no effect without a window"));
     }
     if (m_window) {
         m_window->show();
@@ -131,13 +128,13 @@ bool Television::serve(QUrl& url) {
     const bool isAddress = isPageAddress(url);
     const QString problem = pageTargetProblem(m_commandLine.target);
     if (!problem.isEmpty()) {
-        complain(problem);
+        printError(problem);
         return false;
     }
     for (const auto& [name, folder] : m_commandLine.mounts) {
         if (!m_server.mount(name.toStdString(), folder.toLocal8Bit().toStdString())) {
-            complain(QStringLiteral("--mount %1=%2: the name must not contain a slash, and the folder must exist")
-                         .arg(name, folder));
+            printError(QStringLiteral("--mount %1=%2: the name must not contain a slash, and the folder must exist")
+                           .arg(name, folder));
             return false;
         }
     }
@@ -151,13 +148,13 @@ bool Television::serve(QUrl& url) {
     const int wantedPort = m_profile.localPort();
     const int port = m_server.start(wantedPort);
     if (port == 0) {
-        complain(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
+        printError(QStringLiteral("no free port on 127.0.0.1 to serve local files"));
         return false;
     }
     if (wantedPort == 0) {
         m_profile.setLocalPort(port);
     } else if (port != wantedPort) {
-        complain(
+        printError(
             QStringLiteral("the profile's port %1 is in use, perhaps by another tv-browser with that profile: local "
                            "pages do not find their localStorage this time")
                 .arg(wantedPort));
@@ -178,9 +175,9 @@ void Television::setFaults(const QUrl& url) {
         rules.push_back(*parseFaultRule(rule, wrong)); // The command line has looked at it.
     }
     if (!m_faults.set(rules)) {
-        complain(QStringLiteral("--fault: no port is free on 127.0.0.1, so that only local files go wrong"));
+        printError(QStringLiteral("--fault: no port is free on 127.0.0.1, so that only local files go wrong"));
     } else if (!rules.empty() && url.scheme() == QLatin1String("https")) {
-        complain(QStringLiteral("--fault: what is asked for by https does not go wrong, as this page"));
+        printError(QStringLiteral("--fault: what is asked for by https does not go wrong, as this page"));
     }
 }
 
@@ -206,7 +203,7 @@ void Television::pageLoaded() {
         for (const InjectedReport& report : m_commandLine.reports) {
             QTimer::singleShot(toMilliseconds(report.seconds), this, [report] {
                 if (!inject(report)) {
-                    complain(QStringLiteral("--inject %1: the page has no A/V Control object").arg(report.name));
+                    printError(QStringLiteral("--inject %1: the page has no A/V Control object").arg(report.name));
                 }
             });
         }
@@ -225,7 +222,7 @@ void Television::openAddress(const QString& address) {
         restart(address, false); // Its folder has to be served.
         return;
     }
-    complain(problem);
+    printError(problem);
     m_desk->refuseAddress(address, problem);
 }
 
@@ -235,7 +232,7 @@ void Television::restart(const QString& target, bool isFirstStart) {
 }
 
 void Television::pageFailed(const QString& reason) {
-    complain(reason);
+    printError(reason);
     if (m_timeline) {
         m_timeline->add(TimelineEntry::Kind::PAGE, reason,
                         {{QStringLiteral("url"), m_page.mainFrame()->requestedUrl().toString()},
@@ -252,7 +249,7 @@ void Television::titleChanged(const QString& title) {
         return;
     }
     if (failed) {
-        complain(QStringLiteral("the page's verdict: %1").arg(title));
+        printError(QStringLiteral("the page's verdict: %1").arg(title));
     }
     // Later: the page is in the middle of its script, and what it has just changed is not painted yet.
     QTimer::singleShot(0, this, [this, failed] {
@@ -272,8 +269,8 @@ void Television::pressNextKey() {
         if (m_desk) {
             m_desk->trigger(step.deskKey->action);
         } else {
-            complain(QStringLiteral("--keys %1: that key is the window's, and there is none")
-                         .arg(QLatin1String(step.deskKey->shortcut)));
+            printError(QStringLiteral("--keys %1: that key is the window's, and there is none")
+                           .arg(QLatin1String(step.deskKey->shortcut)));
         }
         QTimer::singleShot(toMilliseconds(keyGapSeconds), this, &Television::pressNextKey);
         return;
@@ -300,12 +297,11 @@ void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
 
 void Television::takeScreenshot() {
     if (!m_screen.picture().save(m_commandLine.screenshotFile, "PNG")) {
-        complain(QStringLiteral("the screenshot cannot be written to %1").arg(m_commandLine.screenshotFile));
+        printError(QStringLiteral("the screenshot cannot be written to %1").arg(m_commandLine.screenshotFile));
         QCoreApplication::exit(1);
         return;
     }
-    std::printf("%s\n", qPrintable(m_commandLine.screenshotFile));
-    std::fflush(stdout);
+    printOutput(m_commandLine.screenshotFile);
     if (!m_window && !m_commandLine.exitAfter) {
         QCoreApplication::exit(0);
     }
@@ -313,11 +309,11 @@ void Television::takeScreenshot() {
 
 void Television::timeUp() {
     if (m_commandLine.verdict) {
-        complain(QStringLiteral("no verdict of the page after %1 seconds; its title is \"%2\"")
-                     .arg(*m_commandLine.exitAfter)
-                     .arg(m_page.mainFrame()->title()));
+        printError(QStringLiteral("no verdict of the page after %1 seconds; its title is \"%2\"")
+                       .arg(*m_commandLine.exitAfter)
+                       .arg(m_page.mainFrame()->title()));
     } else if (!m_wasLoaded) {
-        complain(QStringLiteral("the page was not loaded after %1 seconds").arg(*m_commandLine.exitAfter));
+        printError(QStringLiteral("the page was not loaded after %1 seconds").arg(*m_commandLine.exitAfter));
     }
     QCoreApplication::exit(m_commandLine.verdict || !m_wasLoaded ? 1 : 0);
 }

@@ -1,10 +1,11 @@
 #include "app/Watchdog.h"
 
+#include "base/Print.h"
+
 #include <QCoreApplication>
 #include <array>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
@@ -62,8 +63,8 @@ void Watchdog::watch(std::optional<double> endsWithin) const {
         }
         signalfd_siginfo info{};
         if (count == 0) {
-            std::fputs("tv-browser: the page does not let the program end, perhaps an endless script; ended by force\n",
-                       stderr);
+            printError(
+                QStringLiteral("the page does not let the program end, perhaps an endless script; ended by force"));
             _exit(exitCode);
         } else if (count > 0 && read(m_signals, &info, sizeof info) == sizeof info) {
             exitCode = 128 + static_cast<int>(info.ssi_signo);

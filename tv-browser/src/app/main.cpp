@@ -3,6 +3,7 @@
 #include "app/Television.h"
 #include "app/Watchdog.h"
 #include "base/MonotonicTime.h"
+#include "base/Print.h"
 #include "media_requests.h"
 #include "page/Profile.h"
 
@@ -101,7 +102,7 @@ int startAnew(QStringList arguments, const Television::Restart& restart) {
     }
     pointers.push_back(nullptr);
     execv("/proc/self/exe", pointers.data());
-    std::fprintf(stderr, "tv-browser: cannot start anew: %s\n", std::strerror(errno));
+    printError(QStringLiteral("cannot start anew: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     return 1;
 }
 
@@ -127,7 +128,7 @@ int main(int argc, char* argv[]) {
     const Watchdog watchdog(commandLine.exitAfter);
     const QString problem = loadProblem(pluginModule);
     if (!problem.isEmpty()) {
-        std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(problem));
+        printError(problem);
         return 1;
     }
     qputenv("QTWEBKIT_PLUGIN_PATH", QFile::encodeName(pluginFolder));
@@ -137,7 +138,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("tv-browser"));
     const QString settingsProblem = applySettings(commandLine);
     if (!settingsProblem.isEmpty()) {
-        std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(settingsProblem));
+        printError(settingsProblem);
         return 1;
     }
     Television::Restart restart;

@@ -1,6 +1,7 @@
 #include "desk/Desk.h"
 
 #include "app/CommandLine.h"
+#include "base/Print.h"
 #include "desk/AddressLine.h"
 #include "desk/FaultPanel.h"
 #include "desk/KeyboardHelp.h"
@@ -18,7 +19,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QWebFrame>
-#include <cstdio>
 
 namespace tv {
 
@@ -165,8 +165,7 @@ void Desk::takeScreenshot() const {
         name = QStringLiteral("%1-%2.png").arg(stem).arg(i);
     }
     if (m_parts.screen.picture().save(name, "PNG")) {
-        std::printf("%s\n", qPrintable(QFileInfo(name).absoluteFilePath()));
-        std::fflush(stdout);
+        printOutput(QFileInfo(name).absoluteFilePath());
         m_notice->tell(QStringLiteral("Screenshot: %1").arg(QFileInfo(name).absoluteFilePath()));
     } else {
         complain(QStringLiteral("the screenshot cannot be written to %1; start in a folder that can be")
@@ -192,7 +191,7 @@ void Desk::reportInjected(const QString& text, bool done) const {
 }
 
 void Desk::complain(const QString& what) const {
-    std::fprintf(stderr, "tv-browser: %s\n", qUtf8Printable(what));
+    printError(what);
     m_notice->tell(what);
 }
 

@@ -11,7 +11,6 @@ using Kind = TimelineEntry::Kind;
 constexpr int shownMs = 8'000;
 constexpr int distance = 12; ///< from the picture's edges
 constexpr int padding = 10;
-constexpr int playing = 1;
 
 } // namespace
 
@@ -50,8 +49,8 @@ void ScreenNotice::append(const TimelineEntries& entries) {
         } else if (entry.kind == Kind::STALL) {
             show(entry.object, {QStringLiteral("Object %1: %2").arg(entry.object).arg(entry.text), advice});
         } else if (entry.object > 0 && entry.object == m_object) {
-            const bool plays =
-                entry.kind == Kind::STATE && entry.fields.value(QLatin1String("state")).toInt() == playing;
+            const bool plays = entry.kind == Kind::STATE &&
+                               PlayState{entry.fields.value(QLatin1String("state")).toInt()} == PlayState::PLAYING;
             if (plays || entry.kind == Kind::GONE) {
                 hide();
             }

@@ -1,6 +1,6 @@
 #include "desk/ScreenView.h"
 
-#include "page/TvPage.h"
+#include "base/ScreenSize.h"
 #include "screen/Compositor.h"
 
 #include <QPaintEvent>

@@ -1,7 +1,7 @@
 #include "faults/InjectedReport.h"
 
+#include "base/PlayState.h"
 #include "media_injection.h"
-#include "timeline/TimelineEntry.h"
 
 #include <QStringList>
 
@@ -9,7 +9,6 @@ namespace tv {
 
 namespace {
 
-constexpr int errors = 7;
 constexpr int rightsErrors = 2; // OIPF DAE, onDRMRightsError: 0 no licence, 1 an invalid one
 
 QList<InjectedReport> makeReports() {
@@ -27,7 +26,7 @@ QList<InjectedReport> makeReports() {
                                    : QStringLiteral("content rights: invalid licence"),
                         eMEDIA_CALLBACK_DRM_RIGHTS_ERROR, state, 0});
     }
-    for (int code = 0; code < errors; ++code) {
+    for (int code = 0; code < playbackErrorCount; ++code) {
         reports.append({QStringLiteral("error=%1").arg(code),
                         QStringLiteral("error %1: %2").arg(code).arg(playbackErrorName(code)), eMEDIA_CALLBACK_ERROR,
                         code, 0});

@@ -1,10 +1,11 @@
 #include "page/CookieJar.h"
 
+#include "base/Print.h"
+
 #include <QFile>
 #include <QMutexLocker>
 #include <QNetworkCookie>
 #include <QSaveFile>
-#include <cstdio>
 
 namespace tv {
 
@@ -59,8 +60,7 @@ void CookieJar::save() const {
         }
     }
     if (!written || !file.commit()) {
-        std::fprintf(stderr, "tv-browser: the cookies cannot be written to %s: %s\n", qUtf8Printable(m_file),
-                     qUtf8Printable(file.errorString()));
+        printError(QStringLiteral("the cookies cannot be written to %1: %2").arg(m_file, file.errorString()));
     }
 }
 

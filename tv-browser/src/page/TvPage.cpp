@@ -1,5 +1,6 @@
 #include "page/TvPage.h"
 
+#include "base/Print.h"
 #include "page/EmbeddedObjects.h"
 
 #include <QFocusEvent>
@@ -10,7 +11,6 @@
 #include <QSslError>
 #include <QWebElement>
 #include <QWebFrame>
-#include <cstdio>
 
 namespace tv {
 
@@ -144,9 +144,8 @@ void TvPage::replyFinished(QNetworkReply* reply) {
 }
 
 void TvPage::certificateRefused(QNetworkReply* reply, const QList<QSslError>& errors) {
-    std::fprintf(stderr,
-                 "tv-browser: the certificate of %s is refused: %s; if it is your test server's own, use --trust\n",
-                 qUtf8Printable(reply->url().host()), qUtf8Printable(errors.constFirst().errorString()));
+    printError(QStringLiteral("the certificate of %1 is refused: %2; if it is your test server's own, use --trust")
+                   .arg(reply->url().host(), errors.constFirst().errorString()));
 }
 
 void TvPage::loadEnded(bool ok) {
@@ -203,22 +202,25 @@ void TvPage::printConsoleMessage(MessageSource source, MessageLevel level, const
 }
 
 void TvPage::tell(MessageSource source, MessageLevel level, const QString& message, int line, const QString& address) {
-    const char* kind = level == ErrorMessageLevel ? "error" : level == WarningMessageLevel ? "warning" : "log";
+    const QString kind = level == ErrorMessageLevel     ? QStringLiteral("error")
+                         : level == WarningMessageLevel ? QStringLiteral("warning")
+                                                        : QStringLiteral("log");
     const QString file = m_nameOf(QUrl(address));
     const QString place = line > 0 ? QStringLiteral("%1:%2").arg(file).arg(line) : file;
-    std::fprintf(stderr, "%s: %s%s%s\n", qUtf8Printable(place), level == LogMessageLevel ? "" : kind,
-                 level == LogMessageLevel ? "" : ": ", qUtf8Printable(message));
-    emit consoleMessage(source == JSMessageSource && level == ErrorMessageLevel, QString::fromLatin1(kind), message,
-                        line, file);
+    printMessage(place + QLatin1String(": ") + (level == LogMessageLevel ? QString() : kind + QLatin1String(": ")) +
+                 message);
+    emit consoleMessage(source == JSMessageSource && level == ErrorMessageLevel, kind, message, line, file);
 }
 
 void TvPage::printDialog(const char* kind, const QString& message, const QString& answer) {
     if (++m_dialogs > mostDialogs) {
         return;
     }
-    std::fprintf(stderr, "%s: %s(\"%s\")%s%s\n", qUtf8Printable(m_nameOf(mainFrame()->url())), kind,
-                 qUtf8Printable(message), qUtf8Printable(answer),
-                 m_dialogs == mostDialogs ? "; the further dialogs of this page are not printed" : "");
+    printMessage(QStringLiteral("%1: %2(\"%3\")%4%5")
+                     .arg(m_nameOf(mainFrame()->url()), QLatin1String(kind), message, answer,
+                          m_dialogs == mostDialogs
+                              ? QStringLiteral("; the further dialogs of this page are not printed")
+                              : QString()));
 }
 
 void TvPage::javaScriptAlert(QWebFrame*, const QString& message) {

@@ -4,21 +4,19 @@
 #ifndef TVPAGE_H
 #define TVPAGE_H
 
+#include "base/ScreenSize.h"
 #include "page/EngineNetwork.h"
 #include "page/OwnerApplication.h"
 #include "page/PlayerRequests.h"
 #include "page/Profile.h"
 #include "remote/RemoteKeys.h"
 
-#include <QSize>
 #include <QString>
 #include <QTimer>
 #include <QWebPage>
 #include <functional>
 
 namespace tv {
-
-constexpr QSize tvScreenSize(1280, 720);
 
 class TvPage : public QWebPage {
     Q_OBJECT

@@ -114,8 +114,8 @@ TimelineEntry observedEntry(const HbbTVPluginTraceEntry& observed) {
         break;
     case Kind::STATE:
         entry.fields = {{QStringLiteral("state"), entry.text.toInt()},
-                        {QStringLiteral("name"), playStateName(entry.text.toInt())}};
-        entry.text = entry.text + QLatin1Char(' ') + playStateName(entry.text.toInt());
+                        {QStringLiteral("name"), playStateName(PlayState{entry.text.toInt()})}};
+        entry.text = entry.text + QLatin1Char(' ') + playStateName(PlayState{entry.text.toInt()});
         break;
     case Kind::SCRIPT_ERROR:
         entry.fields[QStringLiteral("text")] = entry.text;

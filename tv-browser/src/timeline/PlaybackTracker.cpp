@@ -10,7 +10,6 @@ using Kind = TimelineEntry::Kind;
 
 constexpr int64_t stallUs = 1'000'000;
 constexpr int64_t lookIntervalUs = 200'000;
-constexpr int playing = 1;
 constexpr int refused = 400; // the first such HTTP status
 
 } // namespace
@@ -89,7 +88,8 @@ void PlaybackTracker::lookForStalls(int64_t nowUs, TimelineEntries& told) {
     m_lookedUs = nowUs;
     for (auto it = m_stories.begin(); it != m_stories.end(); ++it) {
         Story& story = *it;
-        if (story.state != playing || story.player < 0 || Hbbtv_AL_MediaPlayerGetSpeed(story.player) == 0) {
+        if (PlayState{story.state} != PlayState::PLAYING || story.player < 0 ||
+            Hbbtv_AL_MediaPlayerGetSpeed(story.player) == 0) {
             story.position = -1;
             continue;
         }

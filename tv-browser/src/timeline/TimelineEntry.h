@@ -4,6 +4,8 @@
 #ifndef TIMELINEENTRY_H
 #define TIMELINEENTRY_H
 
+#include "base/PlayState.h"
+
 #include <QJsonObject>
 #include <QMetaType>
 #include <QString>
@@ -53,12 +55,6 @@ const char* timelineKindName(TimelineEntry::Kind kind);
 
 /** @return the entry as docs/timeline.md has it */
 QJsonObject timelineJson(const TimelineEntry& entry);
-
-/** @return "playing" for a `playState` of 1, and so on */
-QString playStateName(int state);
-
-/** @return an A/V Control object's `error` in words */
-QString playbackErrorName(int code);
 
 } // namespace tv
 

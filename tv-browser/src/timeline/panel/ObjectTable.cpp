@@ -107,7 +107,7 @@ void ObjectTable::refresh() {
     int row = 0;
     for (auto it = m_objects.cbegin(); it != m_objects.cend(); ++it, ++row) {
         setCell(row, OBJECT, QString::number(it.key()));
-        setCell(row, STATE, QStringLiteral("%1 %2").arg(it->state).arg(playStateName(it->state)));
+        setCell(row, STATE, QStringLiteral("%1 %2").arg(it->state).arg(playStateName(PlayState{it->state})));
         item(row, STATE)
             ->setForeground(it->state == 0 ? QColor(Qt::lightGray) : playStateColour(it->state).lighter(140));
         setCell(row, MEDIA, it->url.section(QLatin1Char('/'), -1));

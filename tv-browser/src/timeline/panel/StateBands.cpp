@@ -121,8 +121,8 @@ void StateBands::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), background);
     int x = labelWidth;
-    for (int state = 0; state < 7; ++state) {
-        const QString name = playStateName(state);
+    for (int state = 0; state < playStateCount; ++state) {
+        const QString name = playStateName(PlayState{state});
         painter.fillRect(x, 7, 9, 9, playStateColour(state));
         painter.setPen(text);
         painter.drawText(x + 13, 16, name);
@@ -193,7 +193,7 @@ QString StateBands::textAt(const QPoint& point) const {
         if (xOf(change.timeUs) <= point.x()) {
             found = change.state == endOfObject ? QString()
                                                 : QStringLiteral("%1 since %2 s")
-                                                      .arg(playStateName(change.state))
+                                                      .arg(playStateName(PlayState{change.state}))
                                                       .arg(static_cast<double>(change.timeUs) / 1e6, 0, 'f', 3);
         }
     }
