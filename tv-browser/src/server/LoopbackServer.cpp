@@ -1,6 +1,6 @@
 #include "server/LoopbackServer.h"
 
-#include "server/FileAnswer.h"
+#include "server/FileResponse.h"
 #include "server/LiveList.h"
 
 #include <algorithm>

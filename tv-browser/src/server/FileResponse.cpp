@@ -1,4 +1,4 @@
-#include "server/FileAnswer.h"
+#include "server/FileResponse.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,6 +1,6 @@
 /** A web server's answer with a file, in order or with a fault. */
-#ifndef FILEANSWER_H
-#define FILEANSWER_H
+#ifndef FILERESPONSE_H
+#define FILERESPONSE_H
 
 #include "server/FaultyContent.h"
 
