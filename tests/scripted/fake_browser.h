@@ -1,13 +1,12 @@
 /**
- * The scripted browser: script values, script objects and the NPN_ functions over them. It checks on the way what a
- * real engine relies on: the thread, live objects, memory given back once. Calls that the plug-in makes of the page
- * are noted in the journal.
+ * The scripted browser: script values, script objects and an engine's functions over them. It checks on the way what a
+ * real engine relies on: the thread, live objects and handles, memory given back once. Calls that the plug-in makes of
+ * the page are noted in the journal.
  */
 #ifndef FAKE_BROWSER_H
 #define FAKE_BROWSER_H
 
-#include "npapi/npapi.h"
-#include "npapi/npruntime.h"
+#include "npapi/npfunctions.h"
 
 #include <deque>
 #include <functional>
@@ -32,6 +31,9 @@ public:
     Value(NPObject* object) { OBJECT_TO_NPVARIANT(object, m_variant); }
     Value(const char* text) : Value(std::string(text)) {}
     Value(const std::string& text);
+
+    /** @return a value of the plug-in's; an object is not held */
+    static Value copyOf(const NPVariant& value);
 
     /** The value, which stays this object's. */
     const NPVariant& variant() const { return m_variant; }
@@ -67,8 +69,20 @@ struct ScriptObject : NPObject {
     std::string name;
     std::map<std::string, Value> properties;
     std::map<std::string, Function> methods;
-    Function call; /**< the object's body when it is a function */
+    Function call;                     /**< the object's body when it is a function */
+    std::function<NPObject*()> front;  /**< gives the object that answers first, with a reference; null for none */
+    std::vector<NPObject*> held;       /**< objects that this one has a reference to until the page goes */
+    NPObject* calledOn = nullptr;      /**< `this` of the function's last call */
+    bool answers = true;               /**< else every access to it fails, as when its frame has gone */
 };
+
+/** Accesses as script makes them. @param result receives a value that is the caller's. @return false: no such name */
+bool readProperty(NPObject* object, NPIdentifier name, NPVariant* result);
+bool writeProperty(NPObject* object, NPIdentifier name, const NPVariant& value);
+bool callMethod(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t count, NPVariant* result);
+
+/** The engine's functions, as it passes them to a module. */
+extern NPNetscapeFuncs engineFunctions;
 
 struct Browser {
     enum Answer { Gives, Refuses, GivesNull };
@@ -79,6 +93,8 @@ struct Browser {
     ScriptObject* element;
     ScriptObject* domEvent; /**< what document.createEvent gives */
     Answer objects;         /**< how NPN_GetValue answers for window and element */
+    bool leavesGarbage;     /**< what a failed call leaves in its result must not be used; else it is undefined */
+    bool forgetsCalls;      /**< the engine forgets the queued calls of an instance that it ends */
 
     /** A new page at http://tv.example/app/index.html; this thread becomes the plug-in thread. */
     void reset();
@@ -98,15 +114,29 @@ struct Browser {
     /** The page gives its reference up. */
     void drop(NPObject* object);
 
+    /** The frame's window goes, whatever references are left to it. */
+    void dropWindow();
+
     /** Delivers the queued calls, and those that they queue, in order. */
     void deliver();
+
+    /** Delivers the first queued call. @return false when there is none */
+    bool deliverOne();
+
+    /** An instance has gone. */
+    void forget(NPP handle);
 
     size_t queued() const;
     bool alive(const NPObject* object) const;
 
     // What the NPN_ functions keep.
     mutable std::mutex mutex;
-    std::deque<std::function<void()>> calls; /**< any thread, under the mutex */
+    struct Call {
+        NPP handle;
+        void (*function)(void*);
+        void* data;
+    };
+    std::deque<Call> calls; /**< any thread, under the mutex */
     std::set<const void*> blocks;
     std::set<const NPObject*> live;
     std::vector<NPObject*> pageOwned;

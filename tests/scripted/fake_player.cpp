@@ -4,6 +4,7 @@
 #include "hbbtvMsg.h"
 #include "journal.h"
 #include "media_sync_global.h"
+#include "points.h"
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,7 @@ std::mutex journalMutex;
 std::string entries;
 
 template <class... Arguments> int command(const std::string& name, int player, const Arguments&... arguments) {
+    const Point point(name.c_str());
     EXPECT_EQ(browser().pluginThread, std::this_thread::get_id()) << name;
     EXPECT_TRUE(player == -1 || television().players.count(player)) << name << " of a player that is not open";
     if (!television().quiet.count(name)) {
@@ -142,18 +144,22 @@ int Hbbtv_AL_MediaPlayerAddResourceCallback(void) {
 }
 
 int64_t Hbbtv_AL_MediaPlayerGetPosition(int) {
+    const fake::Point point("GetPosition");
     return television().position;
 }
 
 int Hbbtv_AL_MediaPlayerGetDuration(int) {
+    const fake::Point point("GetDuration");
     return television().duration;
 }
 
 int Hbbtv_AL_MediaPlayerGetSpeed(int) {
+    const fake::Point point("GetSpeed");
     return television().speedInForce;
 }
 
 int openCommunicationChannel(void* options) {
+    const fake::Point point("openCommunicationChannel");
     fake::note(options ? "channel(options)" : "channel(null)");
     return -1;
 }

@@ -1,5 +1,6 @@
 #include "log_capture.h"
 
+#include "points.h"
 #include "tos_log.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@ namespace {
 const char* const mark = "avcontrol";
 
 void add(bool console, const char* cmd, int level, const char* format, va_list arguments) {
+    const Point point("log");
     static std::mutex mutex;
     char text[8192];
     vsnprintf(text, sizeof text, format, arguments);
