@@ -198,6 +198,7 @@ void Playback::onBuffering(GstMessage* message) {
     if (percent != m_bufferPercent) {
         m_bufferPercent = percent;
         *m_lastActivity = g_get_monotonic_time();
+        m_context.status.setBufferLevel(m_settings.run, percent);
         traceBuffering(m_context.status.player(), percent);
         update();
     }

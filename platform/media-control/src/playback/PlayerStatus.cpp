@@ -67,41 +67,43 @@ void PlayerStatus::forgetMedia() {
 
 unsigned PlayerStatus::startRun() {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_phase = Phase::RUNNING;
+    m_phase = MEDIA_STATE_STARTED;
     m_pipeline.reset();
     m_position = 0;
     m_origin = 0;
     m_duration = 0;
     m_seekable = true;
     m_speed = 0;
+    m_bufferPercent = 100;
     return ++m_run;
 }
 
 unsigned PlayerStatus::stopRun() {
     position(); // the last one stays
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_phase == Phase::STOPPED) {
+    if (m_phase == MEDIA_STATE_STOPPED) {
         return 0;
     }
-    m_phase = Phase::STOPPED;
+    m_phase = MEDIA_STATE_STOPPED;
     m_pipeline.reset();
     m_speed = 0;
+    m_bufferPercent = 100;
     return ++m_run;
 }
 
 bool PlayerStatus::isStopped() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_phase == Phase::STOPPED;
+    return m_phase == MEDIA_STATE_STOPPED;
 }
 
 bool PlayerStatus::isRunning() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_phase == Phase::RUNNING;
+    return m_phase == MEDIA_STATE_STARTED;
 }
 
 bool PlayerStatus::hasFinished() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_phase == Phase::FINISHED;
+    return m_phase == MEDIA_STATE_FINISHED;
 }
 
 bool PlayerStatus::canSeekTo(int ms) const {
@@ -109,7 +111,7 @@ bool PlayerStatus::canSeekTo(int ms) const {
     int64_t position = ms;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_phase != Phase::RUNNING || !m_seekable) {
+        if (m_phase != MEDIA_STATE_STARTED || !m_seekable) {
             return false;
         }
         if (m_duration > 0 || !m_pipeline) {
@@ -149,6 +151,12 @@ int PlayerStatus::duration() const {
 int PlayerStatus::speed() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_speed;
+}
+
+MediaState PlayerStatus::read() {
+    position(); // brings m_position up to date
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return {m_phase, m_speed, m_position, m_duration, m_bufferPercent};
 }
 
 unsigned PlayerStatus::run() const {
@@ -198,24 +206,32 @@ void PlayerStatus::setSpeed(unsigned run, int speed) {
     }
 }
 
+void PlayerStatus::setBufferLevel(unsigned run, int percent) {
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (run == m_run) {
+        m_bufferPercent = percent;
+    }
+}
+
 void PlayerStatus::failRun(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    leave(run, Phase::FAILED);
+    leave(run, MEDIA_STATE_FAILED);
 }
 
 void PlayerStatus::finishRun(unsigned run) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    leave(run, Phase::FINISHED);
+    leave(run, MEDIA_STATE_FINISHED);
     if (run == m_run && m_duration > 0) {
         m_position = m_duration;
     }
 }
 
-void PlayerStatus::leave(unsigned run, Phase phase) {
+void PlayerStatus::leave(unsigned run, MediaStatePhase phase) {
     if (run == m_run) {
         m_phase = phase;
         m_pipeline.reset();
         m_speed = 0;
+        m_bufferPercent = 100;
     }
 }
 

@@ -8,7 +8,7 @@
 #define MEDIA_CONTROL_PLAYERSTATUS_H
 
 #include "gst/GstPointer.h"
-#include "medialib.h"
+#include "media_state.h"
 
 #include <mutex>
 #include <optional>
@@ -51,6 +51,9 @@ public:
     int duration() const;
     int speed() const;
 
+    /** @return all that observers are told, of one moment */
+    MediaState read();
+
     // For the run that plays, which names itself. Thread: the player's.
 
     bool isCurrent(unsigned run) const;
@@ -67,6 +70,7 @@ public:
     /** @param durationMs 0 when unknown */
     void setMedia(unsigned run, int durationMs, bool seekable);
     void setSpeed(unsigned run, int speed);
+    void setBufferLevel(unsigned run, int percent);
 
     /** The run has failed: no position comes any more. */
     void failRun(unsigned run);
@@ -81,16 +85,14 @@ public:
     void report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
 
 private:
-    enum class Phase { STOPPED, RUNNING, FAILED, FINISHED };
-
-    void leave(unsigned run, Phase phase);
+    void leave(unsigned run, MediaStatePhase phase);
     int64_t clamped(int64_t ms) const;
 
     const int m_player;
     mutable std::mutex m_mutex; // guards all below; never held during a callback
     Hbbtv_AL_MediaPlayerCallback m_callback = nullptr;
     void* m_userData = nullptr;
-    Phase m_phase = Phase::STOPPED;
+    MediaStatePhase m_phase = MEDIA_STATE_STOPPED;
     unsigned m_run = 0;
     ElementPtr m_pipeline; // null while the position is held
     int64_t m_position = -1;
@@ -98,6 +100,7 @@ private:
     int m_duration = -1;
     bool m_seekable = true;
     int m_speed = 0;
+    int m_bufferPercent = 100;
 };
 
 } // namespace media
