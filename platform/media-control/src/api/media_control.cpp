@@ -1,5 +1,5 @@
 // The functions of medialib.h: each finds its player, hands the command on, and leaves a trace of it.
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "medialib_components.h"
 #include "player/PlayerRegistry.h"
 #include "trace/MediaLog.h"

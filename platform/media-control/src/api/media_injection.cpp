@@ -1,6 +1,6 @@
 #include "media_injection.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "player/PlayerRegistry.h"
 
 using media::PlayerRegistry;

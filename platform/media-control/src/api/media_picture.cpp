@@ -1,7 +1,7 @@
 // The part of the picture interface that names players.
 #include "media_picture.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "player/PlayerRegistry.h"
 
 using media::PlayerRegistry;

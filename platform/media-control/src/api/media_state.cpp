@@ -1,6 +1,6 @@
 #include "media_state.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "player/PlayerRegistry.h"
 
 #include <algorithm>

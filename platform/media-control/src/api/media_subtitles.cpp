@@ -1,6 +1,6 @@
 #include "media_subtitles.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "player/PlayerRegistry.h"
 
 #include <cstring>

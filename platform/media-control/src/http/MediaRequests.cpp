@@ -1,6 +1,6 @@
 #include "http/MediaRequests.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 #include "gst/GstPointer.h"
 #include "http/RequestProxy.h"
 #include "http/TrustedCertificates.h"

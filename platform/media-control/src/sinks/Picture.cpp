@@ -1,6 +1,6 @@
 #include "sinks/Picture.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 
 #include <gst/video/video.h>
 

@@ -1,6 +1,6 @@
 #include "trace/MediaTrace.h"
 
-#include "Export.h"
+#include "MediaControlExport.h"
 
 #include <chrono>
 
