@@ -30,10 +30,14 @@ configure_package_config_file(cmake/avcontrol-config.cmake.in avcontrol-config.c
   INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(avcontrol-config-version.cmake COMPATIBILITY SameMajorVersion)
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
 configure_file(cmake/avcontrol-plugin.pc.in avcontrol-plugin.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/avcontrol-config.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/avcontrol-config-version.cmake
   DESTINATION ${package_folder} COMPONENT dev)
+# Linkers look for names that begin with lib; programs go on to ask for avcontrol-plugin.so.
+file(CREATE_LINK avcontrol-plugin.so ${CMAKE_CURRENT_BINARY_DIR}/libavcontrol-plugin.so SYMBOLIC)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/libavcontrol-plugin.so DESTINATION ${private_libraries} COMPONENT dev)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/avcontrol-plugin.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT dev)

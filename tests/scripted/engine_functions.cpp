@@ -64,7 +64,7 @@ bool fail(NPVariant* result) {
 /// @return how far script reaches at an access: some properties of a window run no script at all
 Reach reachOf(NPObject* object, NPIdentifier name) {
     return object == browser().window && (nameOf(name) == "location" || nameOf(name) == "document") ? Reach::Script
-                                                                                                     : Reach::Frame;
+                                                                                                    : Reach::Frame;
 }
 
 void* memAlloc(uint32_t size) {

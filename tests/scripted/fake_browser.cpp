@@ -184,8 +184,7 @@ void Browser::dropWindow() {
 }
 
 void Browser::deliver() {
-    while (deliverOne()) {
-    }
+    while (deliverOne()) {}
 }
 
 bool Browser::deliverOne() {

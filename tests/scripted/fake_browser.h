@@ -69,11 +69,11 @@ struct ScriptObject : NPObject {
     std::string name;
     std::map<std::string, Value> properties;
     std::map<std::string, Function> methods;
-    Function call;                     /**< the object's body when it is a function */
-    std::function<NPObject*()> front;  /**< gives the object that answers first, with a reference; null for none */
-    std::vector<NPObject*> held;       /**< objects that this one has a reference to until the page goes */
-    NPObject* calledOn = nullptr;      /**< `this` of the function's last call */
-    bool answers = true;               /**< else every access to it fails, as when its frame has gone */
+    Function call;                    /**< the object's body when it is a function */
+    std::function<NPObject*()> front; /**< gives the object that answers first, with a reference; null for none */
+    std::vector<NPObject*> held;      /**< objects that this one has a reference to until the page goes */
+    NPObject* calledOn = nullptr;     /**< `this` of the function's last call */
+    bool answers = true;              /**< else every access to it fails, as when its frame has gone */
 };
 
 /** Accesses as script makes them. @param result receives a value that is the caller's. @return false: no such name */
