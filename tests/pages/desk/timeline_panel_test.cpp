@@ -14,35 +14,30 @@ using namespace tv;
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
+using namespace tv::timeline;
 
-TimelineEntry entry(Kind kind, int object, const char* text) {
-    TimelineEntry made;
-    made.kind = kind;
-    made.object = object;
-    made.text = QString::fromLatin1(text);
-    made.fields[QStringLiteral("name")] = made.text;
-    return made;
+TimelineEntry entryAt(double seconds, int object, const Details& details) {
+    return {static_cast<int64_t>(seconds * 1e6), -1, object, -1, details};
 }
 
-TimelineEntry markAt(double seconds, Kind kind, int object, const char* text) {
-    TimelineEntry made = entry(kind, object, text);
-    made.timeUs = static_cast<int64_t>(seconds * 1e6);
-    return made;
+TimelineEntry entry(int object, const Details& details) {
+    return entryAt(0, object, details);
 }
 
 TimelineEntry stateAt(double seconds, int object, int state) {
-    TimelineEntry made = markAt(seconds, Kind::STATE, object, "");
-    made.fields[QStringLiteral("state")] = state;
-    return made;
+    return entryAt(seconds, object, State{PlayState{state}});
+}
+
+Call call(const char* name) {
+    return {name, {}, UndefinedValue()};
 }
 
 TEST(TimelinePanel, DrawsStatesAsBandsWithMarksForErrorsAndStalls) {
     StateBands bands(0);
-    bands.append({markAt(0, Kind::CREATED, 1, "video/mp4"), stateAt(1, 1, 3), stateAt(3, 1, 1),
-                  markAt(5, Kind::STALL, 1, "stands still"), markAt(7, Kind::ERROR, 1, "HTTP 404"), stateAt(7, 1, 6),
-                  markAt(2, Kind::CREATED, 2, "audio/mp4"), stateAt(4, 2, 4), markAt(8, Kind::GONE, 2, ""),
-                  markAt(10, Kind::CREATED, 3, "video/mp4")});
+    bands.append({entryAt(0, 1, Created{"video/mp4"}), stateAt(1, 1, 3), stateAt(3, 1, 1),
+                  entryAt(5, 1, Stall{2000, 1'000'000}), entryAt(7, 1, Error{5, "HTTP 404", "http://server/no.mp4"}),
+                  stateAt(7, 1, 6), entryAt(2, 2, Created{"audio/mp4"}), stateAt(4, 2, 4), entryAt(8, 2, Gone()),
+                  entryAt(10, 3, Created{"video/mp4"})});
     const int labels = 26;
     const int width = 1000;
     bands.resize(labels + width, bands.sizeHint().height());
@@ -52,14 +47,14 @@ TEST(TimelinePanel, DrawsStatesAsBandsWithMarksForErrorsAndStalls) {
         return QPoint(labels + static_cast<int>(seconds / 10 * width), 22 + row * 26 + y);
     };
     const auto colourAt = [&](double seconds, int row, int y) { return picture.pixelColor(at(seconds, row, y)); };
-    EXPECT_EQ(playStateColour(0), colourAt(0.5, 0, 15));
-    EXPECT_EQ(playStateColour(3), colourAt(2, 0, 15));
-    EXPECT_EQ(playStateColour(1), colourAt(5.5, 0, 15)) << "a stall is no state";
-    EXPECT_EQ(playStateColour(6), colourAt(9, 0, 15));
+    EXPECT_EQ(playStateColour(PlayState{0}), colourAt(0.5, 0, 15));
+    EXPECT_EQ(playStateColour(PlayState{3}), colourAt(2, 0, 15));
+    EXPECT_EQ(playStateColour(PlayState{1}), colourAt(5.5, 0, 15)) << "a stall is no state";
+    EXPECT_EQ(playStateColour(PlayState{6}), colourAt(9, 0, 15));
     EXPECT_NE(colourAt(5, 0, 15), colourAt(5, 0, 5)) << "the mark of a stall";
     EXPECT_NE(colourAt(7, 0, 15), colourAt(7, 0, 5)) << "the mark of an error";
     EXPECT_NE(colourAt(5, 0, 5), colourAt(7, 0, 5)) << "they differ";
-    EXPECT_EQ(playStateColour(4), colourAt(6, 1, 15));
+    EXPECT_EQ(playStateColour(PlayState{4}), colourAt(6, 1, 15));
     EXPECT_EQ(colourAt(1.5, 2, 15), colourAt(1.5, 1, 15)) << "object 2 is not there yet, nor is object 3";
     EXPECT_EQ(colourAt(1.5, 2, 15), colourAt(9, 1, 15)) << "object 2 is gone";
     const auto tip = [&](const QPoint& place) {
@@ -68,18 +63,15 @@ TEST(TimelinePanel, DrawsStatesAsBandsWithMarksForErrorsAndStalls) {
         return QToolTip::text().toStdString();
     };
     EXPECT_EQ("playing since 3.000 s", tip(at(4, 0, 15)));
-    EXPECT_EQ("error HTTP 404", tip(at(7, 0, 15)));
+    EXPECT_EQ("error 5: the content is not available (HTTP 404), http://server/no.mp4", tip(at(7, 0, 15)));
     EXPECT_EQ("buffering since 4.000 s", tip(at(6, 1, 15)));
 }
 
 TEST(TimelinePanel, ListsTheObjectsThatAreThere) {
     ObjectTable table;
     table.show();
-    TimelineEntry source = entry(Kind::COMMAND, 1, "SetSource");
-    source.fields[QStringLiteral("arguments")] = QStringLiteral("http://server/films/one.mp4");
-    TimelineEntry buffer = entry(Kind::BUFFER, 1, "");
-    buffer.fields[QStringLiteral("percent")] = 40;
-    table.append({stateAt(1, 1, 4), source, buffer, stateAt(1, 2, 1)});
+    const Command source{MEDIA_FUNCTION_SET_SOURCE, "http://server/films/one.mp4", {}, 0, 1};
+    table.append({stateAt(1, 1, 4), entry(1, source), entry(1, Buffer{40}), stateAt(1, 2, 1)});
     ASSERT_EQ(2, table.rowCount());
     const auto rowOf = [&table](const char* text) {
         const auto found = table.findItems(QLatin1String(text), Qt::MatchExactly);
@@ -95,7 +87,7 @@ TEST(TimelinePanel, ListsTheObjectsThatAreThere) {
     QTest::keyClick(&table, Qt::Key_Return);
     QTest::keyClick(&table, Qt::Key_Return);
     EXPECT_EQ((std::vector<int>{2, 0}), chosen) << "once more shows all";
-    table.append({entry(Kind::GONE, 1, "")});
+    table.append({entry(1, Gone())});
     ASSERT_EQ(1, table.rowCount());
     EXPECT_EQ(0, rowOf("2"));
 }
@@ -106,7 +98,7 @@ TEST(TimelinePanel, KeepsTheChosenEntryInSight) {
     panel.show();
     auto* list = panel.findChild<QTableView*>(QStringLiteral("entries"));
     const auto append = [&panel] {
-        panel.append(TimelineEntries(200, entry(Kind::CALL, 1, "stop()")));
+        panel.append(TimelineEntries(200, entry(1, call("stop"))));
         QApplication::processEvents();
     };
     const auto sees = [list](int row) {
@@ -134,8 +126,8 @@ TEST(TimelinePanel, KeepsTheChosenEntryInSight) {
 
 TEST(TimelinePanel, ShowsWhatIsAskedFor) {
     TimelinePanel panel(0);
-    panel.append({entry(Kind::CREATED, 1, "video/mp4"), entry(Kind::CALL, 1, "play(1)"),
-                  entry(Kind::CREATED, 2, "audio/mp4"), entry(Kind::COMMAND, 2, "Play"), entry(Kind::ERROR, 2, "5")});
+    panel.append({entry(1, Created{"video/mp4"}), entry(1, Call{"play", {1.0}, true}), entry(2, Created{"audio/mp4"}),
+                  entry(2, Command{MEDIA_FUNCTION_PLAY, "", {}, 0, 1}), entry(2, Error{5, "", ""})});
     const auto* list = panel.findChild<QTableView*>(QStringLiteral("entries"));
     const auto rows = [list] { return list->model()->rowCount(); };
     EXPECT_EQ(5, rows());
@@ -154,13 +146,14 @@ TEST(TimelinePanel, ShowsWhatIsAskedFor) {
     emit panel.findChild<ObjectTable*>()->chosen(1);
     EXPECT_EQ(1, rows());
     const_cast<QTableView*>(list)->selectRow(0);
-    EXPECT_TRUE(panel.findChild<QPlainTextEdit*>()->toPlainText().contains(QStringLiteral("\"name\": \"play(1)\"")));
+    EXPECT_TRUE(panel.findChild<QPlainTextEdit*>()->toPlainText().contains(QStringLiteral("\"name\": \"play\"")));
     panel.findChild<QLineEdit*>()->clear();
     for (int i = 0; i < 3; ++i) {
-        panel.append(TimelineEntries(10'000, entry(Kind::CALL, 1, "stop()")));
+        panel.append(TimelineEntries(10'000, entry(1, call("stop"))));
     }
-    panel.append(TimelineEntries(1, entry(Kind::CALL, 1, "last")));
-    EXPECT_EQ(QStringLiteral("last"), list->model()->index(rows() - 1, TimelineModel::TEXT).data().toString());
+    panel.append(TimelineEntries(1, entry(1, call("last"))));
+    EXPECT_EQ(QStringLiteral("last() -> undefined"),
+              list->model()->index(rows() - 1, TimelineModel::TEXT).data().toString());
     EXPECT_LE(rows(), 20'000);
 }
 

@@ -126,31 +126,26 @@ int thePosition = 0;
 int theSpeed = 1;
 
 TEST(Timeline, MarksAFilmThatStandsStillOnce) {
-    PlaybackTracker stories;
-    TimelineEntries told;
-    const auto tell = [&](TimelineEntry::Kind kind, const QJsonObject& fields) {
-        TimelineEntry entry;
-        entry.kind = kind;
-        entry.object = kind == TimelineEntry::Kind::COMMAND ? 0 : 7;
-        entry.player = kind == TimelineEntry::Kind::COMMAND ? 3 : -1;
-        entry.fields = fields;
-        stories.tell(entry, told);
+    PlaybackTracker tracker;
+    TimelineEntries entries;
+    const auto append = [&](int object, int player, const timeline::Details& details) {
+        tracker.append({0, -1, object, player, details}, entries);
     };
     int64_t now = 0;
     const auto stallsAfter = [&](int tenths, int step) {
-        told.clear();
+        entries.clear();
         for (int i = 0; i < tenths; ++i, now += 100'000, thePosition += step) {
-            stories.lookForStalls(now, told);
+            tracker.appendStalls(now, entries);
         }
-        return told.size();
+        return entries.size();
     };
-    tell(TimelineEntry::Kind::CREATED, {});
-    tell(TimelineEntry::Kind::COMMAND, {{"name", "Open"}});
+    append(7, -1, timeline::Created());
+    append(0, 3, timeline::Command{MEDIA_FUNCTION_OPEN, "", {}, 0, 1});
     EXPECT_EQ(0, stallsAfter(30, 0)) << "connecting";
-    tell(TimelineEntry::Kind::STATE, {{"state", 1}});
+    append(7, -1, timeline::State{PlayState::PLAYING});
     EXPECT_EQ(0, stallsAfter(30, 100)) << "it moves";
     EXPECT_EQ(1, stallsAfter(50, 0));
-    EXPECT_EQ(7, told.constFirst().object);
+    EXPECT_EQ(7, entries.constFirst().object);
     EXPECT_EQ(0, stallsAfter(10, 100));
     EXPECT_EQ(1, stallsAfter(50, 0)) << "a second one";
     theSpeed = 0;

@@ -102,14 +102,12 @@ void Television::keepTimeline() {
     m_timeline = std::make_unique<Timeline>(m_startUs);
     connect(&m_page, &TvPage::consoleMessage, this,
             [this](bool isScriptError, const QString& level, const QString& message, int line, const QString& file) {
-                using Kind = TimelineEntry::Kind;
-                QJsonObject fields = {
-                    {QStringLiteral("text"), message}, {QStringLiteral("file"), file}, {QStringLiteral("line"), line}};
-                if (!isScriptError) {
-                    fields[QStringLiteral("level")] = level;
+                const timeline::SourceLine where{file, line};
+                if (isScriptError) {
+                    m_timeline->add(timeline::ScriptError{message, where});
+                } else {
+                    m_timeline->add(timeline::Console{level, message, where});
                 }
-                m_timeline->add(isScriptError ? Kind::SCRIPT_ERROR : Kind::CONSOLE,
-                                QStringLiteral("%1 (%2:%3)").arg(message, file).arg(line), fields);
             });
     if (m_commandLine.trace) {
         connect(m_timeline.get(), &Timeline::grown, &printTrace);
@@ -194,8 +192,7 @@ QString Television::addressName(const QUrl& url) const {
 
 void Television::pageLoaded() {
     if (m_timeline) {
-        const QString address = m_page.mainFrame()->url().toString();
-        m_timeline->add(TimelineEntry::Kind::PAGE, address, {{QStringLiteral("url"), address}});
+        m_timeline->add(timeline::Page{m_page.mainFrame()->url().toString(), {}});
     }
     if (!m_wasLoaded) {
         m_wasLoaded = true;
@@ -234,9 +231,7 @@ void Television::restart(const QString& target, bool isFirstStart) {
 void Television::pageFailed(const QString& reason) {
     printError(reason);
     if (m_timeline) {
-        m_timeline->add(TimelineEntry::Kind::PAGE, reason,
-                        {{QStringLiteral("url"), m_page.mainFrame()->requestedUrl().toString()},
-                         {QStringLiteral("problem"), reason}});
+        m_timeline->add(timeline::Page{m_page.mainFrame()->requestedUrl().toString(), reason});
     }
     if (!m_wasLoaded && !m_window) {
         QCoreApplication::exit(1);
@@ -285,12 +280,8 @@ void Television::pressNextKey() {
 }
 
 void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
-    const QString name = QString::fromLatin1(key.name);
     if (m_timeline && pressed) {
-        const bool taken = m_page.receives(key);
-        m_timeline->add(TimelineEntry::Kind::KEY,
-                        taken ? name : name + QLatin1String(" is kept from the page: not in its key set"),
-                        {{QStringLiteral("name"), name}, {QStringLiteral("taken"), taken}});
+        m_timeline->add(timeline::Key{QString::fromLatin1(key.name), m_page.receives(key)});
     }
     m_page.sendKey(key, pressed, isRepeat);
 }

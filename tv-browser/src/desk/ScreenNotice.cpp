@@ -1,12 +1,13 @@
 #include "desk/ScreenNotice.h"
 
+#include "timeline/ObservedText.h"
+#include "timeline/TimelineText.h"
+
 #include <QEvent>
 
 namespace tv {
 
 namespace {
-
-using Kind = TimelineEntry::Kind;
 
 constexpr int shownMs = 8'000;
 constexpr int distance = 12; ///< from the picture's edges
@@ -38,20 +39,19 @@ void ScreenNotice::clearPage() {
 void ScreenNotice::append(const TimelineEntries& entries) {
     for (const TimelineEntry& entry : entries) {
         const QString advice = QStringLiteral("F9 shows the requests and the player's reports that led to it.");
-        if (entry.kind == Kind::ERROR) {
-            const QString cause = entry.fields.value(QLatin1String("cause")).toString();
+        const auto* state = entry.as<timeline::State>();
+        if (const auto* error = entry.as<timeline::Error>()) {
+            const QString cause = playerText(error->cause);
             show(entry.object, {QStringLiteral("Object %1, error %2: %3%4")
                                     .arg(entry.object)
-                                    .arg(entry.fields.value(QLatin1String("code")).toInt())
-                                    .arg(entry.fields.value(QLatin1String("name")).toString(),
+                                    .arg(error->code)
+                                    .arg(playbackErrorName(error->code),
                                          cause.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(cause)),
-                                entry.fields.value(QLatin1String("url")).toString(), advice});
-        } else if (entry.kind == Kind::STALL) {
-            show(entry.object, {QStringLiteral("Object %1: %2").arg(entry.object).arg(entry.text), advice});
+                                playerText(error->url), advice});
+        } else if (entry.as<timeline::Stall>()) {
+            show(entry.object, {QStringLiteral("Object %1: %2").arg(entry.object).arg(timelineText(entry)), advice});
         } else if (entry.object > 0 && entry.object == m_object) {
-            const bool plays = entry.kind == Kind::STATE &&
-                               PlayState{entry.fields.value(QLatin1String("state")).toInt()} == PlayState::PLAYING;
-            if (plays || entry.kind == Kind::GONE) {
+            if (entry.as<timeline::Gone>() || (state && state->state == PlayState::PLAYING)) {
                 hide();
             }
         }

@@ -1,161 +1,122 @@
 #include "timeline/ObservedEntry.h"
 
-#include <QRegularExpression>
+#include "timeline/ObservedText.h"
+
+#include <algorithm>
 
 namespace tv {
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
+ScriptValue copyOf(const HbbTVPluginTraceValue& value) {
+    switch (value.type) {
+    case HBBTV_VALUE_UNDEFINED:
+        return UndefinedValue();
+    case HBBTV_VALUE_NULL:
+        return NullValue();
+    case HBBTV_VALUE_BOOLEAN:
+        return value.boolean;
+    case HBBTV_VALUE_NUMBER:
+        return value.number;
+    case HBBTV_VALUE_STRING:
+        // One byte more than is shown, so that it is seen to be cut.
+        return std::string(value.string.bytes, std::min<size_t>(value.string.length, longestText + 1));
+    case HBBTV_VALUE_OBJECT:
+        return ObjectValue();
+    case HBBTV_VALUE_NONE:
+        break;
+    }
+    return NoValue();
+}
 
-Kind kindOf(HbbTVPluginTraceKind kind) {
-    switch (kind) {
+std::vector<ScriptValue> copyOf(const HbbTVPluginTraceValue* values, uint32_t count) {
+    std::vector<ScriptValue> copies(count);
+    std::transform(values, values + count, copies.begin(), [](const auto& value) { return copyOf(value); });
+    return copies;
+}
+
+std::optional<std::string> optional(const char* text) {
+    return text ? std::optional<std::string>(text) : std::nullopt;
+}
+
+timeline::Event eventOf(const HbbTVPluginTraceEvent& event) {
+    return {event.name, event.property ? event.property : "", copyOf(event.arguments, event.argumentCount)};
+}
+
+timeline::ScriptError failureOf(const HbbTVPluginTraceEvent& event) {
+    return {QStringLiteral("%1(%2) failed").arg(QString::fromUtf8(event.name), argumentsText(eventOf(event))), {}};
+}
+
+timeline::Details detailsOf(const HbbTVPluginTraceEntry& observed) {
+    const HbbTVPluginTraceProperty& property = observed.property;
+    switch (observed.kind) {
     case HBBTV_TRACE_CREATED:
-        return Kind::CREATED;
+        return timeline::Created{observed.created.type};
     case HBBTV_TRACE_DESTROYED:
-        return Kind::GONE;
+        return timeline::Gone();
     case HBBTV_TRACE_PARAM:
-        return Kind::PARAM;
+        return timeline::Param{property.name, copyOf(property.value)};
     case HBBTV_TRACE_CALL:
-        return Kind::CALL;
+        return timeline::Call{observed.call.name, copyOf(observed.call.arguments, observed.call.argumentCount),
+                              copyOf(observed.call.result)};
     case HBBTV_TRACE_READ:
-        return Kind::READ;
+        return timeline::Read{property.name, copyOf(property.value)};
     case HBBTV_TRACE_WRITE:
-        return Kind::WRITE;
+        return timeline::Write{property.name, copyOf(property.value)};
     case HBBTV_TRACE_STATE:
-        return Kind::STATE;
+        return timeline::State{PlayState{observed.state.state}};
     case HBBTV_TRACE_EVENT:
-        return Kind::EVENT;
+        return eventOf(observed.event);
     case HBBTV_TRACE_ERROR:
-        return Kind::SCRIPT_ERROR;
+        return failureOf(observed.event);
     }
-    return Kind::NOTE;
+    return timeline::Note{"an entry of unknown kind"};
 }
 
-Kind kindOf(MediaTraceKind kind) {
-    switch (kind) {
-    case MEDIA_TRACE_COMMAND:
-        return Kind::COMMAND;
+timeline::Details detailsOf(const MediaTraceEntry& observed) {
+    switch (observed.kind) {
+    case MEDIA_TRACE_COMMAND: {
+        const MediaTraceCommand& command = observed.command;
+        timeline::Command copy{
+            command.function, command.url ? command.url : "", {}, command.numberCount, command.result};
+        std::copy_n(command.numbers, command.numberCount, copy.numbers.begin());
+        return copy;
+    }
     case MEDIA_TRACE_REPORT:
-        return Kind::REPORT;
-    case MEDIA_TRACE_REQUEST:
-        return Kind::REQUEST;
+        return timeline::Report{observed.report.event, observed.report.code, observed.report.cause};
+    case MEDIA_TRACE_REQUEST: {
+        const MediaTraceRequest& request = observed.request;
+        return timeline::Request{request.url, optional(request.redirect), optional(request.range), request.status,
+                                 request.bytes};
+    }
     case MEDIA_TRACE_BUFFERING:
-        return Kind::BUFFER;
+        return timeline::Buffer{observed.buffering.percent};
     case MEDIA_TRACE_NOTE:
-        return Kind::NOTE;
+        return timeline::Note{observed.note.text};
     }
-    return Kind::NOTE;
-}
-
-/** Of "play(1)": the name "play" and the arguments "1". */
-void splitCall(const QString& text, QJsonObject& fields) {
-    const int bracket = text.indexOf(QLatin1Char('('));
-    fields[QStringLiteral("name")] = text.left(bracket);
-    fields[QStringLiteral("arguments")] =
-        bracket < 0 ? QString()
-                    : text.mid(bracket + 1, text.size() - bracket - (text.endsWith(QLatin1Char(')')) ? 2 : 1));
-}
-
-/** Of "ERROR 5 (HTTP 404)": the name, the code, and the detail. */
-void splitReport(const QString& text, QJsonObject& fields) {
-    static const QRegularExpression form(QStringLiteral(R"(^(\w+)(?: (-?\d+))?(?: \((.*)\))?$)"));
-    const QRegularExpressionMatch match = form.match(text);
-    fields[QStringLiteral("name")] = match.captured(1);
-    if (!match.captured(2).isEmpty()) {
-        fields[QStringLiteral("code")] = match.captured(2).toInt();
-    }
-    if (!match.captured(3).isEmpty()) {
-        fields[QStringLiteral("detail")] = match.captured(3);
-    }
-}
-
-/** Of "GET http://... -> http://... bytes=0-": the address, where the server sent the request, and the range. */
-void splitRequest(const QString& text, QJsonObject& fields) {
-    static const QRegularExpression form(QStringLiteral(R"(^GET (\S*)(?: -> (\S+))?(?: (bytes=\S+))?$)"));
-    const QRegularExpressionMatch match = form.match(text);
-    fields[QStringLiteral("url")] = match.captured(1);
-    if (!match.captured(2).isEmpty()) {
-        fields[QStringLiteral("redirect")] = match.captured(2);
-    }
-    if (!match.captured(3).isEmpty()) {
-        fields[QStringLiteral("range")] = match.captured(3);
-    }
+    return timeline::Note{"an entry of unknown kind"};
 }
 
 } // namespace
 
 TimelineEntry observedEntry(const HbbTVPluginTraceEntry& observed) {
     TimelineEntry entry;
-    entry.kind = kindOf(observed.kind);
     entry.timeUs = observed.timeUs;
     entry.object = observed.instance;
-    entry.text = QString::fromUtf8(observed.text);
-    const QString value = QString::fromUtf8(observed.value);
-    switch (entry.kind) {
-    case Kind::CREATED:
-        entry.fields[QStringLiteral("type")] = entry.text;
-        break;
-    case Kind::PARAM:
-    case Kind::READ:
-    case Kind::WRITE:
-        entry.fields = {{QStringLiteral("name"), entry.text}, {QStringLiteral("value"), value}};
-        entry.text += (entry.kind == Kind::READ ? QLatin1String(" -> ") : QLatin1String(" = ")) + value;
-        break;
-    case Kind::CALL:
-        splitCall(entry.text, entry.fields);
-        entry.fields[QStringLiteral("result")] = value;
-        entry.tookUs = observed.tookUs;
-        entry.text += QLatin1String(" -> ") + value;
-        break;
-    case Kind::EVENT:
-        splitCall(entry.text, entry.fields);
-        entry.tookUs = observed.tookUs;
-        break;
-    case Kind::STATE:
-        entry.fields = {{QStringLiteral("state"), entry.text.toInt()},
-                        {QStringLiteral("name"), playStateName(PlayState{entry.text.toInt()})}};
-        entry.text = entry.text + QLatin1Char(' ') + playStateName(PlayState{entry.text.toInt()});
-        break;
-    case Kind::SCRIPT_ERROR:
-        entry.fields[QStringLiteral("text")] = entry.text;
-        break;
-    default:
-        break;
+    if (observed.kind == HBBTV_TRACE_CALL) {
+        entry.tookUs = observed.call.tookUs;
+    } else if (observed.kind == HBBTV_TRACE_EVENT) {
+        entry.tookUs = observed.event.tookUs;
     }
+    entry.details = detailsOf(observed);
     return entry;
 }
 
 TimelineEntry observedEntry(const MediaTraceEntry& observed) {
     TimelineEntry entry;
-    entry.kind = kindOf(observed.kind);
     entry.timeUs = observed.timeUs;
     entry.player = observed.player;
-    entry.text = QString::fromUtf8(observed.text).simplified();
-    switch (entry.kind) {
-    case Kind::COMMAND:
-        entry.fields = {{QStringLiteral("name"), entry.text.section(QLatin1Char(' '), 0, 0)},
-                        {QStringLiteral("arguments"), entry.text.section(QLatin1Char(' '), 1)},
-                        {QStringLiteral("result"), observed.result}};
-        entry.text += QStringLiteral(" -> %1").arg(observed.result);
-        break;
-    case Kind::REPORT:
-        splitReport(entry.text, entry.fields);
-        break;
-    case Kind::REQUEST:
-        splitRequest(entry.text, entry.fields);
-        entry.fields[QStringLiteral("status")] = observed.result;
-        entry.fields[QStringLiteral("bytes")] = static_cast<qint64>(observed.bytes);
-        entry.text += QStringLiteral(" -> %1").arg(observed.result);
-        break;
-    case Kind::BUFFER:
-        entry.fields[QStringLiteral("percent")] = observed.result;
-        entry.text = QStringLiteral("%1 %").arg(observed.result);
-        break;
-    default:
-        entry.fields[QStringLiteral("text")] = entry.text;
-        break;
-    }
+    entry.details = detailsOf(observed);
     return entry;
 }
 

@@ -1,5 +1,5 @@
 /**
- * What the observers of plug-in objects and players tell, as entries of the timeline.
+ * What the observers of plug-in objects and players report, as entries of the timeline.
  */
 #ifndef OBSERVEDENTRY_H
 #define OBSERVEDENTRY_H
@@ -10,8 +10,10 @@
 
 namespace tv {
 
+/** @return a copy, of which nothing is formatted yet */
 TimelineEntry observedEntry(const HbbTVPluginTraceEntry& observed);
 
+/** @return a copy, of which nothing is formatted yet */
 TimelineEntry observedEntry(const MediaTraceEntry& observed);
 
 } // namespace tv

@@ -6,111 +6,116 @@ namespace tv {
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
-
 constexpr int64_t stallUs = 1'000'000;
 constexpr int64_t lookIntervalUs = 200'000;
-constexpr int refused = 400; // the first such HTTP status
+constexpr int firstRefusal = 400; // of the HTTP status codes
+
+/** Pages poll. @return true when the property had that value already */
+bool isRepeated(std::map<std::string, ScriptValue>& reads, const timeline::Read& read) {
+    const auto [known, isNew] = reads.try_emplace(read.name, read.value);
+    if (isNew) {
+        return false;
+    }
+    const bool isSame = known->second == read.value;
+    known->second = read.value;
+    return isSame;
+}
 
 } // namespace
 
-void PlaybackTracker::tell(TimelineEntry entry, TimelineEntries& told) {
-    const QString name = entry.fields.value(QLatin1String("name")).toString();
-    if (entry.kind == Kind::CREATED) {
-        m_newest = entry.object;
-    } else if (entry.kind == Kind::COMMAND && name == QLatin1String("Open")) {
-        m_objectOfPlayer[entry.player] = m_newest;
-        m_stories[m_newest].player = entry.player;
+void PlaybackTracker::append(TimelineEntry entry, TimelineEntries& entries) {
+    findObject(entry);
+    if (entry.kind() == TimelineKind::GONE) {
+        m_objectOfPlayer.remove(m_playbacks.take(entry.object).player);
+    } else if (entry.object > 0) {
+        Playback& playback = m_playbacks[entry.object];
+        const auto* read = entry.as<timeline::Read>();
+        if (read && isRepeated(playback.reads, *read)) {
+            return;
+        }
+        follow(playback, entry);
+    }
+    entries.append(entry);
+    const auto* report = entry.as<timeline::Report>();
+    if (report && report->event == eMEDIA_CALLBACK_ERROR) {
+        entries.append(errorAfter(entry, *report));
+    }
+}
+
+/** A player does not know its object: it belongs to the object made last when it is opened. */
+void PlaybackTracker::findObject(TimelineEntry& entry) {
+    if (entry.kind() == TimelineKind::CREATED) {
+        m_newestObject = entry.object;
+        return;
+    }
+    const auto* command = entry.as<timeline::Command>();
+    if (command && command->function == MEDIA_FUNCTION_OPEN) {
+        m_objectOfPlayer[entry.player] = m_newestObject;
+        m_playbacks[m_newestObject].player = entry.player;
     }
     if (entry.object == 0 && entry.player >= 0) {
         entry.object = m_objectOfPlayer.value(entry.player);
     }
-    if (entry.object > 0 && entry.kind != Kind::GONE) {
-        Story& story = m_stories[entry.object];
-        switch (entry.kind) {
-        case Kind::READ: {
-            QString& last = story.reads[name];
-            const QString value = entry.fields.value(QLatin1String("value")).toString();
-            if (last == value) {
-                return; // pages poll
-            }
-            last = value;
-            break;
+}
+
+void PlaybackTracker::follow(Playback& playback, const TimelineEntry& entry) {
+    if (const auto* state = entry.as<timeline::State>()) {
+        playback.state = state->state;
+        playback.positionMs = -1;
+        playback.isStalled = false;
+    } else if (const auto* command = entry.as<timeline::Command>()) {
+        if (command->function == MEDIA_FUNCTION_SET_SOURCE) {
+            playback.url = command->url;
         }
-        case Kind::STATE:
-            story.state = entry.fields.value(QLatin1String("state")).toInt();
-            story.position = -1;
-            story.stalls = false;
-            break;
-        case Kind::COMMAND:
-            if (name == QLatin1String("SetSource")) {
-                story.url = entry.fields.value(QLatin1String("arguments")).toString();
-            }
-            break;
-        case Kind::REQUEST:
-            if (entry.fields.value(QLatin1String("status")).toInt() >= refused) {
-                story.url = entry.fields.value(QLatin1String("url")).toString();
-            }
-            break;
-        default:
-            break;
+    } else if (const auto* request = entry.as<timeline::Request>()) {
+        if (request->status >= firstRefusal) {
+            playback.url = request->url;
         }
-    }
-    told.append(entry);
-    if (entry.kind == Kind::REPORT && name == QLatin1String("ERROR")) {
-        told.append(errorOf(entry));
-    } else if (entry.kind == Kind::GONE) {
-        m_objectOfPlayer.remove(m_stories.take(entry.object).player);
     }
 }
 
-TimelineEntry PlaybackTracker::errorOf(const TimelineEntry& report) const {
-    const int code = report.fields.value(QLatin1String("code")).toInt();
-    const QString cause = report.fields.value(QLatin1String("detail")).toString();
-    const QString url = m_stories.value(report.object).url;
-    TimelineEntry error = report;
-    error.kind = Kind::ERROR;
-    error.fields = {{QStringLiteral("code"), code},
-                    {QStringLiteral("name"), playbackErrorName(code)},
-                    {QStringLiteral("cause"), cause},
-                    {QStringLiteral("url"), url}};
-    error.text =
-        QStringLiteral("%1: %2%3, %4")
-            .arg(code)
-            .arg(playbackErrorName(code), cause.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(cause), url);
+TimelineEntry PlaybackTracker::errorAfter(const TimelineEntry& entry, const timeline::Report& report) const {
+    TimelineEntry error = entry;
+    error.details = timeline::Error{report.code, report.cause, m_playbacks.value(entry.object).url};
     return error;
 }
 
-void PlaybackTracker::lookForStalls(int64_t nowUs, TimelineEntries& told) {
+void PlaybackTracker::appendStalls(int64_t nowUs, TimelineEntries& entries) {
     if (nowUs - m_lookedUs < lookIntervalUs) {
         return;
     }
     m_lookedUs = nowUs;
-    for (auto it = m_stories.begin(); it != m_stories.end(); ++it) {
-        Story& story = *it;
-        if (PlayState{story.state} != PlayState::PLAYING || story.player < 0 ||
-            Hbbtv_AL_MediaPlayerGetSpeed(story.player) == 0) {
-            story.position = -1;
-            continue;
-        }
-        const int position = static_cast<int>(Hbbtv_AL_MediaPlayerGetPosition(story.player));
-        if (position != story.position) {
-            story.position = position;
-            story.positionUs = nowUs;
-            story.stalls = false;
-        } else if (!story.stalls && nowUs - story.positionUs > stallUs) {
-            story.stalls = true;
-            TimelineEntry stall;
-            stall.kind = Kind::STALL;
-            stall.timeUs = nowUs;
-            stall.object = it.key();
-            stall.player = story.player;
-            stall.text = QStringLiteral("playing, but the position stands still at %1 ms").arg(position);
-            stall.fields = {{QStringLiteral("position"), position},
-                            {QStringLiteral("since"), static_cast<qint64>(nowUs - story.positionUs)}};
-            told.append(stall);
+    for (auto it = m_playbacks.begin(); it != m_playbacks.end(); ++it) {
+        if (const auto stall = newStall(*it, nowUs)) {
+            TimelineEntry entry;
+            entry.timeUs = nowUs;
+            entry.object = it.key();
+            entry.player = it->player;
+            entry.details = *stall;
+            entries.append(entry);
         }
     }
+}
+
+std::optional<timeline::Stall> PlaybackTracker::newStall(Playback& playback, int64_t nowUs) {
+    if (playback.state != PlayState::PLAYING || playback.player < 0 ||
+        Hbbtv_AL_MediaPlayerGetSpeed(playback.player) == 0) {
+        playback.positionMs = -1;
+        return std::nullopt;
+    }
+    const int positionMs = static_cast<int>(Hbbtv_AL_MediaPlayerGetPosition(playback.player));
+    if (positionMs != playback.positionMs) {
+        playback.positionMs = positionMs;
+        playback.positionUs = nowUs;
+        playback.isStalled = false;
+        return std::nullopt;
+    }
+    const int64_t sinceUs = nowUs - playback.positionUs;
+    if (playback.isStalled || sinceUs <= stallUs) {
+        return std::nullopt;
+    }
+    playback.isStalled = true;
+    return timeline::Stall{positionMs, sinceUs};
 }
 
 } // namespace tv

@@ -16,9 +16,9 @@ namespace {
 constexpr int64_t holdUs = 20'000;
 constexpr int releaseIntervalMs = 20;
 
-/** Layout that a question brings about may create objects: that is the page's doing. */
-bool isOwnQuestion(const HbbTVPluginTraceEntry& entry) {
-    return TraceSuppression::runs() && (entry.kind == HBBTV_TRACE_READ || entry.kind == HBBTV_TRACE_CALL);
+/** Objects that the layout makes while the television's script runs are the page's doing, and so are their events. */
+bool isOwnScript(const HbbTVPluginTraceEntry& entry) {
+    return TraceSuppression::isActive() && (entry.kind == HBBTV_TRACE_READ || entry.kind == HBBTV_TRACE_CALL);
 }
 
 } // namespace
@@ -29,13 +29,13 @@ Timeline::Timeline(int64_t startUs) : m_startUs(startUs) {
     m_timer.start();
     hbbtvPluginTraceSetCallback(
         [](const HbbTVPluginTraceEntry* entry, void* self) {
-            if (!isOwnQuestion(*entry)) {
-                static_cast<Timeline*>(self)->add(observedEntry(*entry));
+            if (!isOwnScript(*entry)) {
+                static_cast<Timeline*>(self)->hold(observedEntry(*entry));
             }
         },
         this);
     mediaTraceSetCallback(
-        [](const MediaTraceEntry* entry, void* self) { static_cast<Timeline*>(self)->add(observedEntry(*entry)); },
+        [](const MediaTraceEntry* entry, void* self) { static_cast<Timeline*>(self)->hold(observedEntry(*entry)); },
         this);
 }
 
@@ -45,44 +45,47 @@ Timeline::~Timeline() {
     release(std::numeric_limits<int64_t>::max());
 }
 
-void Timeline::add(TimelineEntry::Kind kind, const QString& text, const QJsonObject& fields) {
+void Timeline::add(timeline::Details details) {
     TimelineEntry entry;
-    entry.kind = kind;
     entry.timeUs = monotonicUs();
-    entry.text = text;
-    entry.fields = fields;
-    add(std::move(entry));
+    entry.details = std::move(details);
+    hold(std::move(entry));
 }
 
-void Timeline::add(TimelineEntry entry) {
+void Timeline::hold(TimelineEntry entry) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_waiting.append(std::move(entry));
+    m_held.append(std::move(entry));
 }
 
-void Timeline::release(int64_t untilUs) {
+/** @return the entries that began no later than that, in order */
+TimelineEntries Timeline::takeHeld(int64_t untilUs) {
     TimelineEntries ready;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto later =
-            std::stable_partition(m_waiting.begin(), m_waiting.end(),
-                                  [untilUs](const TimelineEntry& entry) { return entry.timeUs <= untilUs; });
-        std::move(m_waiting.begin(), later, std::back_inserter(ready));
-        m_waiting.erase(m_waiting.begin(), later);
+        const auto later = std::stable_partition(
+            m_held.begin(), m_held.end(), [untilUs](const TimelineEntry& entry) { return entry.timeUs <= untilUs; });
+        std::move(m_held.begin(), later, std::back_inserter(ready));
+        m_held.erase(m_held.begin(), later);
     }
-    // Of two that began together, the longer one is the call that the other was made in.
+    // Of two that began together, the longer one is the call in which the other was made.
     std::stable_sort(ready.begin(), ready.end(), [](const TimelineEntry& a, const TimelineEntry& b) {
         return a.timeUs != b.timeUs ? a.timeUs < b.timeUs : a.tookUs > b.tookUs;
     });
-    TimelineEntries told;
+    return ready;
+}
+
+void Timeline::release(int64_t untilUs) {
+    TimelineEntries ready = takeHeld(untilUs);
+    TimelineEntries entries;
     for (TimelineEntry& entry : ready) {
-        m_stories.tell(std::move(entry), told);
+        m_tracker.append(std::move(entry), entries);
     }
-    m_stories.lookForStalls(std::min(untilUs, monotonicUs()), told);
-    for (TimelineEntry& entry : told) {
+    m_tracker.appendStalls(std::min(untilUs, monotonicUs()), entries);
+    for (TimelineEntry& entry : entries) {
         entry.timeUs -= m_startUs;
     }
-    if (!told.isEmpty()) {
-        emit grown(told);
+    if (!entries.isEmpty()) {
+        emit grown(entries);
     }
 }
 

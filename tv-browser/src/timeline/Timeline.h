@@ -13,34 +13,36 @@
 
 namespace tv {
 
+/**
+ * Observes plug-in objects and players while it lives, and puts their entries and those that are added to it in order.
+ * One object at a time. Thread: the engine's, where not said otherwise.
+ */
 class Timeline : public QObject {
     Q_OBJECT
 public:
-    /**
-     * Observes plug-in objects and players from now on. One object at a time. Thread: the engine's.
-     * @param startUs moment from which the times count, CLOCK_MONOTONIC in microseconds
-     */
+    /** @param startUs moment from which the times count, CLOCK_MONOTONIC in microseconds */
     explicit Timeline(int64_t startUs);
 
-    /** Tells what is still held back. */
+    /** Emits what is still held back. */
     ~Timeline() override;
 
-    /** Adds what is no plug-in object's or player's doing, now. Thread: any. */
-    void add(TimelineEntry::Kind kind, const QString& text, const QJsonObject& fields = {});
+    /** Adds what neither plug-in objects nor players report, as happening now. Thread: any. */
+    void add(timeline::Details details);
 
 signals:
     /** What is new, in order; each entry comes once. */
     void grown(const TimelineEntries& entries);
 
 private:
-    void add(TimelineEntry entry);
+    void hold(TimelineEntry entry);
     void release(int64_t untilUs);
+    TimelineEntries takeHeld(int64_t untilUs);
 
     const int64_t m_startUs;
     QTimer m_timer;
-    PlaybackTracker m_stories;
+    PlaybackTracker m_tracker;
     std::mutex m_mutex;
-    TimelineEntries m_waiting; ///< guarded by the mutex
+    TimelineEntries m_held; ///< guarded by m_mutex
 };
 
 } // namespace tv

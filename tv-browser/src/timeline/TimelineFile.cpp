@@ -1,5 +1,7 @@
 #include "timeline/TimelineFile.h"
 
+#include "timeline/TimelineJson.h"
+
 #include <QJsonDocument>
 
 namespace tv {

@@ -1,4 +1,4 @@
-// The functions of medialib.h: each finds its player, hands the command on, and leaves a trace of it.
+// The functions of medialib.h: each finds its player, passes the command on and traces it.
 #include "MediaControlExport.h"
 #include "medialib_components.h"
 #include "player/PlayerRegistry.h"
@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -16,13 +17,32 @@ namespace {
 using media::Player;
 using media::PlayerRegistry;
 
+/** What is traced of a command: its function and those arguments that are numbers, at most four. */
+MediaTraceCommand traced(MediaTraceFunction function, std::initializer_list<int> numbers = {}) {
+    MediaTraceCommand trace{};
+    trace.function = function;
+    trace.numberCount = static_cast<int>(numbers.size());
+    std::copy(numbers.begin(), numbers.end(), trace.numbers);
+    return trace;
+}
+
+MediaTraceCommand traced(MediaTraceFunction function, const char* url) {
+    MediaTraceCommand trace = traced(function);
+    trace.url = url;
+    return trace;
+}
+
 /** Runs a command that answers true or false on an open player and traces it. @return 1 done, 0 refused */
-template <typename Command> int command(int player, const std::string& text, Command run) {
+template <typename Command> int command(int player, MediaTraceCommand trace, Command run) {
     const media::TraceOrder order;
     const auto found = PlayerRegistry::instance().find(player);
-    const int result = found && run(*found) ? 1 : 0;
-    media::traceCommand(player, text, result);
-    return result;
+    trace.result = found && run(*found) ? 1 : 0;
+    media::traceCommand(player, trace);
+    return trace.result;
+}
+
+template <typename Command> int command(int player, MediaTraceFunction function, Command run) {
+    return command(player, traced(function), run);
 }
 
 std::optional<AVComponentType> validType(int type) {
@@ -37,13 +57,17 @@ template <typename Component> std::optional<int> pidOf(const Component* componen
     return component && component->avComponent ? std::optional<int>(component->avComponent->pid) : std::nullopt;
 }
 
-int selectComponent(int player, const char* name, AVComponentType type, std::optional<int> pid) {
-    return command(player, std::string(name) + " pid " + (pid ? std::to_string(*pid) : "none"),
+MediaTraceCommand tracedWithPid(MediaTraceFunction function, std::optional<int> pid) {
+    return pid ? traced(function, {*pid}) : traced(function);
+}
+
+int selectComponent(int player, MediaTraceFunction function, AVComponentType type, std::optional<int> pid) {
+    return command(player, tracedWithPid(function, pid),
                    [&](Player& found) { return pid && found.select(type, *pid); });
 }
 
-int unselectComponent(int player, const char* name, AVComponentType type, std::optional<int> pid) {
-    return command(player, std::string(name) + " pid " + (pid ? std::to_string(*pid) : "none"),
+int unselectComponent(int player, MediaTraceFunction function, AVComponentType type, std::optional<int> pid) {
+    return command(player, tracedWithPid(function, pid),
                    [&](Player& found) { return pid && found.unselect(type, pid); });
 }
 
@@ -56,32 +80,35 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerOpen(int* player) {
         MEDIA_LOG_ERROR(std::string("no thread for another player: ") + error.what());
         return 0;
     }
-    media::traceCommand(*player, "Open", 1);
+    MediaTraceCommand trace = traced(MEDIA_FUNCTION_OPEN);
+    trace.result = 1;
+    media::traceCommand(*player, trace);
     return 1;
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerClose(int player) {
-    const int result = PlayerRegistry::instance().close(player) ? 1 : 0;
-    media::traceCommand(player, "Close", result);
-    return result;
+    MediaTraceCommand trace = traced(MEDIA_FUNCTION_CLOSE);
+    trace.result = PlayerRegistry::instance().close(player) ? 1 : 0;
+    media::traceCommand(player, trace);
+    return trace.result;
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSetUserAgent(int player) {
-    return command(player, "SetUserAgent", [](Player& found) {
+    return command(player, MEDIA_FUNCTION_SET_USER_AGENT, [](Player& found) {
         found.useTelevisionUserAgent();
         return true;
     });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerAddCallback(int player, Hbbtv_AL_MediaPlayerCallback callback, void* userData) {
-    return command(player, "AddCallback", [&](Player& found) {
+    return command(player, MEDIA_FUNCTION_ADD_CALLBACK, [&](Player& found) {
         found.status().setCallback(callback, userData);
         return true;
     });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerRemoveCallback(int player) {
-    return command(player, "RemoveCallback", [](Player& found) {
+    return command(player, MEDIA_FUNCTION_REMOVE_CALLBACK, [](Player& found) {
         found.status().setCallback(nullptr, nullptr);
         return true;
     });
@@ -106,7 +133,7 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerAddSubtitle(int player, sub_properties_t* p
     if (properties->url[0] == '\0') {
         return 0;
     }
-    return command(player, std::string("AddSubtitle ") + properties->url, [&](Player& found) {
+    return command(player, traced(MEDIA_FUNCTION_ADD_SUBTITLE, properties->url), [&](Player& found) {
         found.addSubtitle(*properties);
         return true;
     });
@@ -114,39 +141,39 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerAddSubtitle(int player, sub_properties_t* p
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSetSource(int player, const char* url) {
     const std::string text = url ? url : "";
-    return command(player, "SetSource " + text, [&](Player& found) { return found.setSource(text); });
+    return command(player, traced(MEDIA_FUNCTION_SET_SOURCE, text.c_str()),
+                   [&](Player& found) { return found.setSource(text); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSetWindow(int player, int x, int y, int width, int height) {
-    const std::string text = "SetWindow " + std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) +
-                             "x" + std::to_string(height);
-    return command(player, text, [&](Player& found) { return found.setWindow(x, y, width, height); });
+    return command(player, traced(MEDIA_FUNCTION_SET_WINDOW, {x, y, width, height}),
+                   [&](Player& found) { return found.setWindow(x, y, width, height); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerPlay(int player, int /*mode*/) {
-    return command(player, "Play", [](Player& found) { return found.play(); });
+    return command(player, MEDIA_FUNCTION_PLAY, [](Player& found) { return found.play(); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerPause(int player) {
-    return command(player, "Pause", [](Player& found) { return found.pause(); });
+    return command(player, MEDIA_FUNCTION_PAUSE, [](Player& found) { return found.pause(); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerResume(int player) {
-    return command(player, "Resume", [](Player& found) { return found.resume(); });
+    return command(player, MEDIA_FUNCTION_RESUME, [](Player& found) { return found.resume(); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerStop(int player) {
-    return command(player, "Stop", [](Player& found) { return found.stop(); });
+    return command(player, MEDIA_FUNCTION_STOP, [](Player& found) { return found.stop(); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSeek(int player, int ms) {
-    return command(player, "Seek " + std::to_string(ms), [ms](Player& found) { return found.seek(ms); });
+    return command(player, traced(MEDIA_FUNCTION_SEEK, {ms}), [ms](Player& found) { return found.seek(ms); });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSetSpeed(int player, double speed) {
     // Far beyond any speed that can be had, and safe to convert.
     const int whole = std::isnan(speed) ? 0 : static_cast<int>(std::clamp(speed, -1e6, 1e6));
-    return command(player, "SetSpeed " + std::to_string(whole),
+    return command(player, traced(MEDIA_FUNCTION_SET_SPEED, {whole}),
                    [whole](Player& found) { return found.setSpeed(whole); });
 }
 
@@ -156,38 +183,42 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerGetSpeed(int player) {
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSelectAVVideoComponent(int player, AVVideoComponent* component) {
-    return selectComponent(player, "SelectAVVideoComponent", AV_COMPONENT_TYPE_VIDEO, pidOf(component));
+    return selectComponent(player, MEDIA_FUNCTION_SELECT_AV_VIDEO_COMPONENT, AV_COMPONENT_TYPE_VIDEO, pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSelectAVAudioComponent(int player, AVAudioComponent* component) {
-    return selectComponent(player, "SelectAVAudioComponent", AV_COMPONENT_TYPE_AUDIO, pidOf(component));
+    return selectComponent(player, MEDIA_FUNCTION_SELECT_AV_AUDIO_COMPONENT, AV_COMPONENT_TYPE_AUDIO, pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSelectAVSubtitleComponent(int player, AVSubtitleComponent* component) {
-    return selectComponent(player, "SelectAVSubtitleComponent", AV_COMPONENT_TYPE_SUBTITLE, pidOf(component));
+    return selectComponent(player, MEDIA_FUNCTION_SELECT_AV_SUBTITLE_COMPONENT, AV_COMPONENT_TYPE_SUBTITLE,
+                           pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerUnselectAVVideoComponent(int player, AVVideoComponent* component) {
-    return unselectComponent(player, "UnselectAVVideoComponent", AV_COMPONENT_TYPE_VIDEO, pidOf(component));
+    return unselectComponent(player, MEDIA_FUNCTION_UNSELECT_AV_VIDEO_COMPONENT, AV_COMPONENT_TYPE_VIDEO,
+                             pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerUnselectAVAudioComponent(int player, AVAudioComponent* component) {
-    return unselectComponent(player, "UnselectAVAudioComponent", AV_COMPONENT_TYPE_AUDIO, pidOf(component));
+    return unselectComponent(player, MEDIA_FUNCTION_UNSELECT_AV_AUDIO_COMPONENT, AV_COMPONENT_TYPE_AUDIO,
+                             pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerUnselectAVSubtitleComponent(int player, AVSubtitleComponent* component) {
-    return unselectComponent(player, "UnselectAVSubtitleComponent", AV_COMPONENT_TYPE_SUBTITLE, pidOf(component));
+    return unselectComponent(player, MEDIA_FUNCTION_UNSELECT_AV_SUBTITLE_COMPONENT, AV_COMPONENT_TYPE_SUBTITLE,
+                             pidOf(component));
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerSelectDefaultAVComponent(int player, int type) {
-    return command(player, "SelectDefaultAVComponent " + std::to_string(type), [type](Player& found) {
+    return command(player, traced(MEDIA_FUNCTION_SELECT_DEFAULT_AV_COMPONENT, {type}), [type](Player& found) {
         const auto valid = validType(type);
         return valid && found.selectDefault(*valid);
     });
 }
 
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerUnselectAVComponentByType(int player, int type) {
-    return command(player, "UnselectAVComponentByType " + std::to_string(type), [type](Player& found) {
+    return command(player, traced(MEDIA_FUNCTION_UNSELECT_AV_COMPONENT_BY_TYPE, {type}), [type](Player& found) {
         const auto valid = validType(type);
         return valid && found.unselect(*valid, std::nullopt);
     });

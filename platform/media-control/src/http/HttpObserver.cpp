@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <libsoup/soup.h>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace media {
@@ -55,11 +56,6 @@ size_t likeness(const std::string& a, const std::string& b) {
     return static_cast<size_t>(std::mismatch(a.begin(), end, b.begin()).first - a.begin());
 }
 
-std::string describe(SoupMessage* message, const std::string& url) {
-    const char* range = soup_message_headers_get_one(soup_message_get_request_headers(message), "Range");
-    return "GET " + url + (range ? std::string(" ") + range : "");
-}
-
 int64_t bytesOf(SoupMessage* message) {
     SoupMessageHeaders* headers = soup_message_get_response_headers(message);
     return soup_message_headers_get_encoding(headers) == SOUP_ENCODING_CONTENT_LENGTH
@@ -85,10 +81,12 @@ Media* ownerOf(SoupMessage* message) {
 }
 
 void traceLater(const Media& media, SoupMessage* message, const std::string& url) {
+    const char* range = soup_message_headers_get_one(soup_message_get_request_headers(message), "Range");
     // Later: a command that waits for this thread may hold back all traces.
-    media.thread->post([player = media.player, request = describe(message, url),
-                        status = static_cast<int>(soup_message_get_status(message)),
-                        bytes = bytesOf(message)] { traceAnswer(player, request, status, bytes); });
+    media.thread->post([player = media.player, url, range = range ? std::optional<std::string>(range) : std::nullopt,
+                        status = static_cast<int>(soup_message_get_status(message)), bytes = bytesOf(message)] {
+        traceRequest(player, {url.c_str(), nullptr, range ? range->c_str() : nullptr, status, bytes});
+    });
 }
 
 /** Every answer of the process's HTTP library passes here, on the thread that has it. */
@@ -100,8 +98,8 @@ gboolean onAnswer(GSignalInvocationHint*, guint, const GValue* values, gpointer)
         owner->stage = Stage::Answered;
         return TRUE;
     }
-    if (g_object_get_data(G_OBJECT(message), OF_A_SOURCE)) {
-        return TRUE; // of a media that is over
+    if (!isTraced() || g_object_get_data(G_OBJECT(message), OF_A_SOURCE)) {
+        return TRUE; // nobody looks, or it is of a media that is over
     }
     const std::string url = textOf(soup_message_get_uri(message));
     const auto found = std::max_element(all.media.rbegin(), all.media.rend(), [&url](const Media& a, const Media& b) {

@@ -28,21 +28,22 @@ const char* headerOf(const StructurePtr& headers, const char* name) {
 
 void traceRequest(int player, GstMessage* message) {
     const GstStructure* exchange = gst_message_get_structure(message);
-    if (!gst_structure_has_name(exchange, "http-headers")) {
+    if (!isTraced() || !gst_structure_has_name(exchange, "http-headers")) {
         return;
     }
     guint status = 0;
     gst_structure_get_uint(exchange, "http-status-code", &status);
     const char* url = gst_structure_get_string(exchange, "uri");
-    const char* redirection = gst_structure_get_string(exchange, "redirection-uri");
-    const StructurePtr request = headersOf(exchange, "request-headers");
-    const StructurePtr response = headersOf(exchange, "response-headers");
-    const char* range = headerOf(request, "Range");
-    const char* length = headerOf(response, "Content-Length");
-    traceAnswer(player,
-                std::string("GET ") + (url ? url : "") + (redirection ? std::string(" -> ") + redirection : "") +
-                    (range ? std::string(" ") + range : ""),
-                static_cast<int>(status), length ? std::strtoll(length, nullptr, 10) : -1);
+    const StructurePtr requestHeaders = headersOf(exchange, "request-headers");
+    const StructurePtr responseHeaders = headersOf(exchange, "response-headers");
+    const char* length = headerOf(responseHeaders, "Content-Length");
+    MediaTraceRequest request{};
+    request.url = url ? url : "";
+    request.redirect = gst_structure_get_string(exchange, "redirection-uri");
+    request.range = headerOf(requestHeaders, "Range");
+    request.status = static_cast<int>(status);
+    request.bytes = length ? std::strtoll(length, nullptr, 10) : -1;
+    traceRequest(player, request);
 }
 
 } // namespace media

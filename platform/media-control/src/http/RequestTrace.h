@@ -1,4 +1,4 @@
-/** The answers of web servers, for the observer of media_trace.h. */
+/** The HTTP responses that a source element reports, for the observer of media_trace.h. */
 #ifndef MEDIA_CONTROL_REQUESTTRACE_H
 #define MEDIA_CONTROL_REQUESTTRACE_H
 
@@ -6,7 +6,7 @@
 
 namespace media {
 
-/** @param message an element message; those of other matters are ignored. Thread: any. */
+/** @param message an element message; those that report no response are ignored. Thread: any. */
 void traceRequest(int player, GstMessage* message);
 
 } // namespace media

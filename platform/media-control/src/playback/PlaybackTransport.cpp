@@ -173,8 +173,10 @@ bool Playback::issueRequest() {
     Request next = *m_request;
     m_request.reset();
     if (next.position && m_durationMs > 0 && *next.position > m_durationMs) {
-        traceNote(m_context.status.player(), "seek to " + std::to_string(*next.position) +
-                                                 " ms dropped: the media ends at " + std::to_string(m_durationMs));
+        if (isTraced()) {
+            traceNote(m_context.status.player(), "seek to " + std::to_string(*next.position) +
+                                                     " ms dropped: the media ends at " + std::to_string(m_durationMs));
+        }
         next.position.reset();
     }
     const int64_t position = next.position ? *next.position : m_context.status.position();
@@ -183,8 +185,10 @@ bool Playback::issueRequest() {
     }
     m_context.status.holdPosition(m_settings.run, position);
     if (!sendSeek(m_pipeline.get(), next.rate, m_originMs + position)) {
-        traceNote(m_context.status.player(),
-                  "the media cannot go to " + std::to_string(position) + " ms at speed " + std::to_string(next.rate));
+        if (isTraced()) {
+            traceNote(m_context.status.player(), "the media cannot go to " + std::to_string(position) +
+                                                     " ms at speed " + std::to_string(next.rate));
+        }
         m_awaitsMark = false;
         return !m_settled;
     }

@@ -7,37 +7,6 @@
 namespace media {
 namespace {
 
-const char* eventName(eMEDIA_CALLBACK_EVENT event) {
-    switch (event) {
-    case eMEDIA_CALLBACK_STOPPED:
-        return "STOPPED";
-    case eMEDIA_CALLBACK_PLAYING:
-        return "PLAYING";
-    case eMEDIA_CALLBACK_PAUSED:
-        return "PAUSED";
-    case eMEDIA_CALLBACK_CONNECTING:
-        return "CONNECTING";
-    case eMEDIA_CALLBACK_BUFFERING:
-        return "BUFFERING";
-    case eMEDIA_CALLBACK_FINISHED:
-        return "FINISHED";
-    case eMEDIA_CALLBACK_POSITION_CHANGED:
-        return "POSITION_CHANGED";
-    case eMEDIA_CALLBACK_SPEED_CHANGED:
-        return "SPEED_CHANGED";
-    case eMEDIA_CALLBACK_ERROR:
-        return "ERROR";
-    case eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED:
-        return "SELECTED_COMPONENT_CHANGED";
-    case eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED:
-        return "PARENTAL_RATING_CHANGED";
-    case eMEDIA_CALLBACK_DRM_RIGHTS_ERROR:
-        return "DRM_RIGHTS_ERROR";
-    default:
-        return "unknown event";
-    }
-}
-
 /** A live stream offers only what its server still keeps and already has. */
 bool isAvailable(GstElement* pipeline, int64_t ms) {
     gint64 start = -1;
@@ -246,9 +215,7 @@ void PlayerStatus::report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code, c
         callback = m_callback;
         userData = m_userData;
     }
-    const bool hasCode = event >= eMEDIA_CALLBACK_ERROR;
-    traceReport(m_player, eventName(event) + (hasCode ? ' ' + std::to_string(code) : "") +
-                              (detail.empty() ? "" : " (" + detail + ")"));
+    traceReport(m_player, {event, code, detail.c_str()});
     if (callback) {
         callback(static_cast<unsigned int>(m_player), event, code, nullptr, userData);
     }

@@ -2,21 +2,33 @@
 
 #include "MediaControlExport.h"
 
+#include <atomic>
 #include <chrono>
 
 namespace media {
 namespace {
 
-std::recursive_mutex observerMutex; // a command traces notes of its own
+std::recursive_mutex observerMutex; // guards the two below; a command traces notes of its own
 MediaTraceCallback observer = nullptr;
 void* observerData = nullptr;
+std::atomic<bool> hasObserver{false};
 
-void trace(MediaTraceKind kind, int player, const std::string& text, int result, int64_t bytes = -1) {
+MediaTraceEntry entryOf(MediaTraceKind kind, int player) {
+    MediaTraceEntry entry{};
+    entry.kind = kind;
+    entry.player = player;
+    return entry;
+}
+
+void trace(MediaTraceEntry& entry) {
+    if (!isTraced()) {
+        return;
+    }
+    // Before the lock: a report that waits for a command to be traced has happened already.
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    entry.timeUs = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
     const std::lock_guard<std::recursive_mutex> lock(observerMutex);
     if (observer) {
-        const int64_t timeUs = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-        const MediaTraceEntry entry = {kind, player, timeUs, text.c_str(), result, bytes};
         observer(&entry, observerData);
     }
 }
@@ -25,24 +37,38 @@ void trace(MediaTraceKind kind, int player, const std::string& text, int result,
 
 TraceOrder::TraceOrder() : m_lock(observerMutex) {}
 
-void traceCommand(int player, const std::string& text, int result) {
-    trace(MEDIA_TRACE_COMMAND, player, text, result);
+bool isTraced() {
+    return hasObserver;
 }
 
-void traceReport(int player, const std::string& text) {
-    trace(MEDIA_TRACE_REPORT, player, text, 0);
+void traceCommand(int player, const MediaTraceCommand& command) {
+    MediaTraceEntry entry = entryOf(MEDIA_TRACE_COMMAND, player);
+    entry.command = command;
+    trace(entry);
 }
 
-void traceNote(int player, const std::string& text) {
-    trace(MEDIA_TRACE_NOTE, player, text, 0);
+void traceReport(int player, const MediaTraceReport& report) {
+    MediaTraceEntry entry = entryOf(MEDIA_TRACE_REPORT, player);
+    entry.report = report;
+    trace(entry);
 }
 
-void traceAnswer(int player, const std::string& request, int status, int64_t bytes) {
-    trace(MEDIA_TRACE_REQUEST, player, request, status, bytes);
+void traceRequest(int player, const MediaTraceRequest& request) {
+    MediaTraceEntry entry = entryOf(MEDIA_TRACE_REQUEST, player);
+    entry.request = request;
+    trace(entry);
 }
 
 void traceBuffering(int player, int percent) {
-    trace(MEDIA_TRACE_BUFFERING, player, "buffer " + std::to_string(percent) + " %", percent);
+    MediaTraceEntry entry = entryOf(MEDIA_TRACE_BUFFERING, player);
+    entry.buffering = {percent};
+    trace(entry);
+}
+
+void traceNote(int player, const std::string& text) {
+    MediaTraceEntry entry = entryOf(MEDIA_TRACE_NOTE, player);
+    entry.note = {text.c_str()};
+    trace(entry);
 }
 
 } // namespace media
@@ -51,4 +77,5 @@ MEDIA_EXPORT void mediaTraceSetCallback(MediaTraceCallback callback, void* userD
     const std::lock_guard<std::recursive_mutex> lock(media::observerMutex);
     media::observer = callback;
     media::observerData = userData;
+    media::hasObserver = callback != nullptr;
 }

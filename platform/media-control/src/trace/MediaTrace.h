@@ -1,4 +1,4 @@
-/** Tells the observer of media_trace.h what the players are asked and what they answer. Threads: any. */
+/** Reports the players' commands, reports and requests to the observer of media_trace.h. Threads: any. */
 #ifndef MEDIA_CONTROL_MEDIATRACE_H
 #define MEDIA_CONTROL_MEDIATRACE_H
 
@@ -9,7 +9,7 @@
 
 namespace media {
 
-/** While it lives, what other threads trace waits: a command stands before the reports that it causes. */
+/** While it lives, other threads wait before they trace: a command stands before the reports that it causes. */
 class TraceOrder {
 public:
     TraceOrder();
@@ -18,11 +18,14 @@ private:
     std::lock_guard<std::recursive_mutex> m_lock;
 };
 
-void traceCommand(int player, const std::string& text, int result);
-void traceReport(int player, const std::string& text);
-void traceNote(int player, const std::string& text);
-void traceAnswer(int player, const std::string& request, int status, int64_t bytes);
+/** @return true while an observer is set; without one, callers need not prepare what they would trace */
+bool isTraced();
+
+void traceCommand(int player, const MediaTraceCommand& command);
+void traceReport(int player, const MediaTraceReport& report);
+void traceRequest(int player, const MediaTraceRequest& request);
 void traceBuffering(int player, int percent);
+void traceNote(int player, const std::string& text);
 
 } // namespace media
 

@@ -1,6 +1,7 @@
 #include "timeline/panel/ObjectTable.h"
 
 #include "medialib_components.h"
+#include "timeline/ObservedText.h"
 #include "timeline/panel/StateBands.h"
 
 #include <QHeaderView>
@@ -10,8 +11,6 @@
 namespace tv {
 
 namespace {
-
-using Kind = TimelineEntry::Kind;
 
 constexpr int refreshMs = 500;
 
@@ -70,7 +69,7 @@ void ObjectTable::append(const TimelineEntries& entries) {
         if (entry.object == 0) {
             continue;
         }
-        if (entry.kind == Kind::GONE) {
+        if (entry.as<timeline::Gone>()) {
             m_objects.remove(entry.object);
             continue;
         }
@@ -78,16 +77,16 @@ void ObjectTable::append(const TimelineEntries& entries) {
         if (entry.player >= 0) {
             object.player = entry.player;
         }
-        const QString name = entry.fields.value(QLatin1String("name")).toString();
-        const QString arguments = entry.fields.value(QLatin1String("arguments")).toString();
-        if (entry.kind == Kind::STATE) {
-            object.state = entry.fields.value(QLatin1String("state")).toInt();
-        } else if (entry.kind == Kind::BUFFER) {
-            object.bufferPercent = entry.fields.value(QLatin1String("percent")).toInt();
-        } else if (entry.kind == Kind::COMMAND && name == QLatin1String("SetSource")) {
-            object.url = arguments;
-        } else if (entry.kind == Kind::COMMAND && name == QLatin1String("SetWindow")) {
-            object.window = arguments;
+        if (const auto* state = entry.as<timeline::State>()) {
+            object.state = state->state;
+        } else if (const auto* buffer = entry.as<timeline::Buffer>()) {
+            object.bufferPercent = buffer->percent;
+        } else if (const auto* command = entry.as<timeline::Command>()) {
+            if (command->function == MEDIA_FUNCTION_SET_SOURCE) {
+                object.url = commandArguments(*command);
+            } else if (command->function == MEDIA_FUNCTION_SET_WINDOW) {
+                object.window = commandArguments(*command);
+            }
         }
     }
     if (isVisible() && m_objects.size() != rowCount()) {
@@ -107,9 +106,10 @@ void ObjectTable::refresh() {
     int row = 0;
     for (auto it = m_objects.cbegin(); it != m_objects.cend(); ++it, ++row) {
         setCell(row, OBJECT, QString::number(it.key()));
-        setCell(row, STATE, QStringLiteral("%1 %2").arg(it->state).arg(playStateName(PlayState{it->state})));
+        setCell(row, STATE, QStringLiteral("%1 %2").arg(static_cast<int>(it->state)).arg(playStateName(it->state)));
         item(row, STATE)
-            ->setForeground(it->state == 0 ? QColor(Qt::lightGray) : playStateColour(it->state).lighter(140));
+            ->setForeground(it->state == PlayState::STOPPED ? QColor(Qt::lightGray)
+                                                            : playStateColour(it->state).lighter(140));
         setCell(row, MEDIA, it->url.section(QLatin1Char('/'), -1));
         item(row, MEDIA)->setToolTip(it->url);
         setCell(row, WINDOW, it->window);

@@ -31,7 +31,7 @@ protected:
 private:
     struct Object {
         int player = -1;
-        int state = 0;
+        PlayState state = PlayState::STOPPED;
         int bufferPercent = 100;
         QString window;
         QString url;

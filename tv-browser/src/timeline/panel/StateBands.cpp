@@ -1,6 +1,8 @@
 #include "timeline/panel/StateBands.h"
 
 #include "base/MonotonicTime.h"
+#include "timeline/ObservedText.h"
+#include "timeline/TimelineText.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -11,13 +13,10 @@ namespace tv {
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
-
 constexpr int64_t longestSpanUs = 60'000'000;
 constexpr int64_t shortestSpanUs = 10'000'000;
 constexpr int64_t tickUs = 10'000'000;
 constexpr int refreshMs = 250;
-constexpr int endOfObject = -1;
 constexpr int mostBands = 6;
 constexpr int rowHeight = 26;
 constexpr int legendHeight = 22;
@@ -27,14 +26,17 @@ constexpr int labelWidth = 26;
 const QColor background(0x14, 0x16, 0x1b);
 const QColor faint(0x3a, 0x3f, 0x47);
 const QColor text(0xc8, 0xcc, 0xd2);
+const QColor errorColour(0xff, 0x52, 0x52);
+const QColor stallColour(0xff, 0xca, 0x4f);
 
 } // namespace
 
-QColor playStateColour(int state) {
-    static const std::array<QColor, 7> colours = {
+QColor playStateColour(PlayState state) {
+    static const std::array<QColor, playStateCount> colours = {
         QColor(0x3a, 0x3f, 0x47), QColor(0x2e, 0x9d, 0x4f), QColor(0x8a, 0x93, 0xa3), QColor(0x3b, 0x7d, 0xe0),
         QColor(0xe0, 0xb4, 0x00), QColor(0x8e, 0x5f, 0xc9), QColor(0xd3, 0x2f, 0x2f)};
-    return state >= 0 && state < static_cast<int>(colours.size()) ? colours[static_cast<size_t>(state)] : background;
+    const auto number = static_cast<size_t>(state);
+    return number < colours.size() ? colours[number] : background;
 }
 
 StateBands::StateBands(int64_t startUs) : m_startUs(startUs) {
@@ -53,16 +55,16 @@ void StateBands::append(const TimelineEntries& entries) {
         if (entry.object == 0) {
             continue;
         }
-        if (entry.kind == Kind::CREATED) {
-            m_bands[entry.object].changes.append({entry.timeUs, 0});
-        } else if (entry.kind == Kind::STATE) {
-            m_bands[entry.object].changes.append({entry.timeUs, entry.fields.value(QLatin1String("state")).toInt()});
-        } else if (entry.kind == Kind::GONE) {
-            m_bands[entry.object].changes.append({entry.timeUs, endOfObject});
-        } else if (entry.kind == Kind::ERROR || entry.kind == Kind::STALL) {
-            m_bands[entry.object].marks.append(
-                {entry.timeUs, entry.kind == Kind::ERROR ? QColor(0xff, 0x52, 0x52) : QColor(0xff, 0xca, 0x4f),
-                 QLatin1String(timelineKindName(entry.kind)) + QLatin1Char(' ') + entry.text});
+        if (entry.as<timeline::Created>()) {
+            m_bands[entry.object].changes.append({entry.timeUs, PlayState::STOPPED});
+        } else if (const auto* state = entry.as<timeline::State>()) {
+            m_bands[entry.object].changes.append({entry.timeUs, state->state});
+        } else if (entry.as<timeline::Gone>()) {
+            m_bands[entry.object].changes.append({entry.timeUs, std::nullopt});
+        } else if (entry.as<timeline::Error>()) {
+            addMark(entry, errorColour);
+        } else if (entry.as<timeline::Stall>()) {
+            addMark(entry, stallColour);
         }
         m_nowUs = qMax(m_nowUs, entry.timeUs);
     }
@@ -70,6 +72,11 @@ void StateBands::append(const TimelineEntries& entries) {
     if (m_bands.size() != before) {
         updateGeometry();
     }
+}
+
+void StateBands::addMark(const TimelineEntry& entry, const QColor& colour) {
+    m_bands[entry.object].marks.append(
+        {entry.timeUs, colour, QLatin1String(timelineKindName(entry.kind())) + QLatin1Char(' ') + timelineText(entry)});
 }
 
 /** What ended, or changed again, before that time is seen no more. */
@@ -82,8 +89,7 @@ void StateBands::forgetOld(int64_t beforeUs) {
         while (!it->marks.isEmpty() && it->marks.constFirst().timeUs < beforeUs) {
             it->marks.removeFirst();
         }
-        const bool isOver =
-            !changes.isEmpty() && changes.constFirst().state == endOfObject && changes.constFirst().timeUs < beforeUs;
+        const bool isOver = !changes.isEmpty() && !changes.constFirst().state && changes.constFirst().timeUs < beforeUs;
         it = isOver ? m_bands.erase(it) : it + 1;
     }
 }
@@ -123,7 +129,7 @@ void StateBands::paintEvent(QPaintEvent*) {
     int x = labelWidth;
     for (int state = 0; state < playStateCount; ++state) {
         const QString name = playStateName(PlayState{state});
-        painter.fillRect(x, 7, 9, 9, playStateColour(state));
+        painter.fillRect(x, 7, 9, 9, playStateColour(PlayState{state}));
         painter.setPen(text);
         painter.drawText(x + 13, 16, name);
         x += 13 + painter.fontMetrics().horizontalAdvance(name) + 12;
@@ -148,13 +154,13 @@ void StateBands::paintEvent(QPaintEvent*) {
 void StateBands::paintBand(QPainter& painter, const QRectF& area, const Band& band) const {
     for (int i = 0; i < band.changes.size(); ++i) {
         const Change& change = band.changes[i];
-        if (change.state == endOfObject) {
+        if (!change.state) {
             continue;
         }
         const double left = xOf(change.timeUs);
         const double right = i + 1 < band.changes.size() ? xOf(band.changes[i + 1].timeUs) : area.right();
         painter.fillRect(QRectF(left, area.top(), qMax(1.0, right - left), area.height()),
-                         playStateColour(change.state));
+                         playStateColour(*change.state));
     }
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -191,10 +197,10 @@ QString StateBands::textAt(const QPoint& point) const {
     QString found;
     for (const Change& change : band.changes) {
         if (xOf(change.timeUs) <= point.x()) {
-            found = change.state == endOfObject ? QString()
-                                                : QStringLiteral("%1 since %2 s")
-                                                      .arg(playStateName(PlayState{change.state}))
-                                                      .arg(static_cast<double>(change.timeUs) / 1e6, 0, 'f', 3);
+            found = !change.state ? QString()
+                                  : QStringLiteral("%1 since %2 s")
+                                        .arg(playStateName(*change.state))
+                                        .arg(static_cast<double>(change.timeUs) / 1e6, 0, 'f', 3);
         }
     }
     return found;

@@ -10,6 +10,7 @@
 #include <QMap>
 #include <QTimer>
 #include <QWidget>
+#include <optional>
 
 namespace tv {
 
@@ -33,7 +34,7 @@ protected:
 private:
     struct Change {
         int64_t timeUs;
-        int state; ///< endOfObject, or a `playState`
+        std::optional<PlayState> state; ///< none: the object is gone
     };
     struct Mark {
         int64_t timeUs;
@@ -45,6 +46,7 @@ private:
         QVector<Mark> marks;
     };
 
+    void addMark(const TimelineEntry& entry, const QColor& colour);
     void forgetOld(int64_t beforeUs);
     QList<int> shownObjects() const;
     int64_t spanUs() const;
@@ -60,7 +62,7 @@ private:
 };
 
 /** @return the colour of a `playState` */
-QColor playStateColour(int state);
+QColor playStateColour(PlayState state);
 
 } // namespace tv
 

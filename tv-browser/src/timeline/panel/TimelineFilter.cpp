@@ -1,5 +1,6 @@
 #include "timeline/panel/TimelineFilter.h"
 
+#include "timeline/TimelineText.h"
 #include "timeline/panel/TimelineModel.h"
 
 namespace tv {
@@ -21,8 +22,8 @@ void TimelineFilter::showText(const QString& text) {
 
 bool TimelineFilter::filterAcceptsRow(int row, const QModelIndex&) const {
     const TimelineEntry& entry = static_cast<const TimelineModel*>(sourceModel())->entry(row);
-    return m_kinds[static_cast<size_t>(entry.kind)] && (m_object == 0 || entry.object == m_object) &&
-           (m_text.isEmpty() || entry.text.contains(m_text, Qt::CaseInsensitive));
+    return m_kinds[static_cast<size_t>(entry.kind())] && (m_object == 0 || entry.object == m_object) &&
+           (m_text.isEmpty() || timelineText(entry).contains(m_text, Qt::CaseInsensitive));
 }
 
 } // namespace tv

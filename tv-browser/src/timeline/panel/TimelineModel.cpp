@@ -1,12 +1,15 @@
 #include "timeline/panel/TimelineModel.h"
 
+#include "timeline/ObservedText.h"
+#include "timeline/TimelineText.h"
+
 #include <QColor>
 
 namespace tv {
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
+using Kind = TimelineKind;
 
 constexpr int mostEntries = 20'000;
 constexpr int trimmedAtOnce = 2'000; // views look at everything anew when rows go
@@ -64,7 +67,7 @@ int TimelineModel::columnCount(const QModelIndex& parent) const {
 QVariant TimelineModel::data(const QModelIndex& index, int role) const {
     const TimelineEntry& entry = this->entry(index.row());
     if (role == Qt::ForegroundRole) {
-        return colourOf(entry.kind);
+        return colourOf(entry.kind());
     }
     if (role == Qt::TextAlignmentRole) {
         return int(Qt::AlignVCenter |
@@ -79,9 +82,9 @@ QVariant TimelineModel::data(const QModelIndex& index, int role) const {
     case OBJECT:
         return entry.object > 0 ? QString::number(entry.object) : QString();
     case KIND:
-        return QLatin1String(timelineKindName(entry.kind));
+        return QLatin1String(timelineKindName(entry.kind()));
     case TEXT:
-        return entry.text;
+        return timelineText(entry);
     case TOOK:
         return took(entry);
     default:

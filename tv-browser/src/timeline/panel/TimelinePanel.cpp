@@ -1,5 +1,7 @@
 #include "timeline/panel/TimelinePanel.h"
 
+#include "timeline/TimelineJson.h"
+
 #include <QFocusEvent>
 #include <QFontDatabase>
 #include <QGridLayout>
@@ -15,7 +17,7 @@ namespace tv {
 
 namespace {
 
-using Kind = TimelineEntry::Kind;
+using Kind = TimelineKind;
 
 constexpr QSize panelSize(700, 720);
 constexpr int leastWidth = 360;
@@ -174,7 +176,7 @@ void TimelinePanel::append(const TimelineEntries& entries) {
     m_objects->append(entries);
     for (const TimelineEntry& entry : entries) {
         const bool isTrouble =
-            entry.kind == Kind::ERROR || entry.kind == Kind::STALL || entry.kind == Kind::SCRIPT_ERROR;
+            entry.kind() == Kind::ERROR || entry.kind() == Kind::STALL || entry.kind() == Kind::SCRIPT_ERROR;
         if (isTrouble && !m_list->currentIndex().isValid()) {
             showEntry(entry);
         }

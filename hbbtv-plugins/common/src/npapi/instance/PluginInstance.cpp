@@ -9,6 +9,7 @@
 #include "npapi/page/PageRecord.h"
 
 #include <algorithm>
+#include <string.h>
 
 namespace {
 
@@ -37,7 +38,9 @@ PluginInstance::PluginInstance(const HbbTVModule& module, NPP npp, NPMIMEType ty
     liveInstances().push_back(this);
     openAsyncCalls(npp);
     if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_CREATED, m_number, pluginTraceNow(), 0, type ? type : "");
+        HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_CREATED, m_number);
+        entry.created = {type ? type : ""};
+        pluginTraceEntry(entry);
     }
     m_plugin = module.create(nullptr);
 }
@@ -53,7 +56,7 @@ PluginInstance::~PluginInstance() {
     NPN_ReleaseObject(m_element);
     closeAsyncCalls(m_npp);
     if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_DESTROYED, m_number, pluginTraceNow(), 0, "destroyed");
+        pluginTraceEntry(pluginTraceEntryNow(HBBTV_TRACE_DESTROYED, m_number));
     }
 }
 
@@ -77,8 +80,7 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
             continue;
         }
         if (pluginTraceIsOn() && argv[i]) {
-            pluginTraceEntry(HBBTV_TRACE_PARAM, m_number, pluginTraceNow(), 0, argn[i],
-                             '"' + std::string(argv[i]) + '"');
+            pluginTraceProperty(HBBTV_TRACE_PARAM, m_number, argn[i], pluginTraceString(argv[i], strlen(argv[i])));
         }
         m_plugin->setParam(argn[i], argv[i]);
     }
@@ -91,8 +93,7 @@ bool PluginInstance::start(NPMIMEType type, uint16_t mode, int16_t argc, char* a
 bool PluginInstance::write(NPIdentifier name, const NPVariant& value) {
     const OperationScope scope;
     if (pluginTraceIsOn()) {
-        pluginTraceEntry(HBBTV_TRACE_WRITE, m_number, pluginTraceNow(), 0, describeIdentifier(name),
-                         describeVariant(value));
+        pluginTraceProperty(HBBTV_TRACE_WRITE, m_number, describeIdentifier(name).c_str(), pluginTraceValue(value));
     }
     if (!NPVARIANT_IS_OBJECT(value)) {
         return m_plugin->setProperty(name, &value);
@@ -186,7 +187,9 @@ void PluginInstance::traceState() {
     if (m_plugin->getProperty(NPN_GetStringIdentifier("playState"), &value) && NPVARIANT_IS_INT32(value) &&
         NPVARIANT_TO_INT32(value) != m_tracedState) {
         m_tracedState = NPVARIANT_TO_INT32(value);
-        pluginTraceEntry(HBBTV_TRACE_STATE, m_number, pluginTraceNow(), 0, std::to_string(m_tracedState));
+        HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_STATE, m_number);
+        entry.state = {m_tracedState};
+        pluginTraceEntry(entry);
     }
     NPN_ReleaseVariantValue(&value);
 }

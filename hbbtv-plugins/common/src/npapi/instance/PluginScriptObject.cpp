@@ -43,10 +43,13 @@ bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name
         return instance.plugin()->invoke(element, name, args, argCount, result);
     }
     const int number = instance.number();
-    const std::string call = describeIdentifier(name) + describeArguments(args, argCount);
-    const int64_t start = pluginTraceNow();
+    const std::string method = describeIdentifier(name);
+    const std::vector<HbbTVPluginTraceValue> arguments = pluginTraceValues(args, argCount);
+    HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_CALL, number);
     const bool known = instance.plugin()->invoke(element, name, args, argCount, result);
-    pluginTraceEntry(HBBTV_TRACE_CALL, number, start, pluginTraceNow() - start, call, describeVariant(*result));
+    entry.call = {method.c_str(), arguments.data(), argCount, pluginTraceValue(*result),
+                  pluginTraceNow() - entry.timeUs};
+    pluginTraceEntry(entry);
     if (PluginInstance* alive = PluginInstance::withNumber(number)) {
         alive->traceState();
     }
@@ -108,8 +111,9 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
         }
     }
     if (pluginTraceIsOn() && instanceOf(object)) {
-        pluginTraceEntry(HBBTV_TRACE_READ, instanceOf(object)->number(), pluginTraceNow(), 0, describeIdentifier(name),
-                         found ? describeVariant(*result) : "no value");
+        const HbbTVPluginTraceValue none = {};
+        pluginTraceProperty(HBBTV_TRACE_READ, instanceOf(object)->number(), describeIdentifier(name).c_str(),
+                            found ? pluginTraceValue(*result) : none);
     }
     return found;
 }

@@ -2,31 +2,24 @@
 
 #include "HbbTVExport.h"
 
-#include <math.h>
-#include <stdio.h>
+#include <algorithm>
 #include <time.h>
 
 namespace {
 
-constexpr size_t LONGEST_TEXT = 500;
-
 HbbTVPluginTraceCallback observer = nullptr;
 void* observerData = nullptr;
 
-std::string describeNumber(double number) {
-    char text[32];
-    snprintf(text, sizeof text, floor(number) == number && fabs(number) < 1e15 ? "%.0f" : "%.6g", number);
-    return text;
+HbbTVPluginTraceValue valueOf(HbbTVPluginTraceType type) {
+    HbbTVPluginTraceValue value = {};
+    value.type = type;
+    return value;
 }
 
-std::string oneLine(const std::string& text) {
-    std::string line = text.size() > LONGEST_TEXT ? text.substr(0, LONGEST_TEXT) + "..." : text;
-    for (char& character : line) {
-        if (static_cast<unsigned char>(character) < ' ') {
-            character = ' ';
-        }
-    }
-    return line;
+HbbTVPluginTraceValue numberOf(double number) {
+    HbbTVPluginTraceValue value = valueOf(HBBTV_VALUE_NUMBER);
+    value.number = number;
+    return value;
 }
 
 } // namespace
@@ -46,44 +39,60 @@ int64_t pluginTraceNow() {
     return static_cast<int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
 }
 
-void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs, const std::string& text,
-                      const std::string& value) {
-    if (!observer) {
-        return;
+void pluginTraceEntry(const HbbTVPluginTraceEntry& entry) {
+    if (observer) {
+        observer(&entry, observerData);
     }
-    const std::string textLine = oneLine(text);
-    const std::string valueLine = oneLine(value);
-    const HbbTVPluginTraceEntry entry = {kind, instance, startUs, tookUs, textLine.c_str(), valueLine.c_str()};
-    observer(&entry, observerData);
 }
 
-std::string describeVariant(const NPVariant& value) {
-    switch (value.type) {
-    case NPVariantType_Void:
-        return "undefined";
+HbbTVPluginTraceEntry pluginTraceEntryNow(HbbTVPluginTraceKind kind, int instance) {
+    HbbTVPluginTraceEntry entry = {};
+    entry.kind = kind;
+    entry.instance = instance;
+    entry.timeUs = pluginTraceNow();
+    return entry;
+}
+
+void pluginTraceProperty(HbbTVPluginTraceKind kind, int instance, const char* name,
+                         const HbbTVPluginTraceValue& value) {
+    HbbTVPluginTraceEntry entry = pluginTraceEntryNow(kind, instance);
+    entry.property = {name, value};
+    pluginTraceEntry(entry);
+}
+
+HbbTVPluginTraceValue pluginTraceString(const char* bytes, size_t length) {
+    HbbTVPluginTraceValue value = valueOf(HBBTV_VALUE_STRING);
+    value.string = {bytes, static_cast<uint32_t>(length)};
+    return value;
+}
+
+HbbTVPluginTraceValue pluginTraceValue(const NPVariant& variant) {
+    switch (variant.type) {
     case NPVariantType_Null:
-        return "null";
-    case NPVariantType_Bool:
-        return NPVARIANT_TO_BOOLEAN(value) ? "true" : "false";
-    case NPVariantType_Int32:
-        return describeNumber(NPVARIANT_TO_INT32(value));
-    case NPVariantType_Double:
-        return describeNumber(NPVARIANT_TO_DOUBLE(value));
-    case NPVariantType_String:
-        return '"' + std::string(NPVARIANT_TO_STRING(value).UTF8Characters, NPVARIANT_TO_STRING(value).UTF8Length) +
-               '"';
-    case NPVariantType_Object:
-        return "object";
+        return valueOf(HBBTV_VALUE_NULL);
+    case NPVariantType_Bool: {
+        HbbTVPluginTraceValue value = valueOf(HBBTV_VALUE_BOOLEAN);
+        value.boolean = NPVARIANT_TO_BOOLEAN(variant);
+        return value;
     }
-    return "?";
+    case NPVariantType_Int32:
+        return numberOf(NPVARIANT_TO_INT32(variant));
+    case NPVariantType_Double:
+        return numberOf(NPVARIANT_TO_DOUBLE(variant));
+    case NPVariantType_String:
+        return pluginTraceString(NPVARIANT_TO_STRING(variant).UTF8Characters, NPVARIANT_TO_STRING(variant).UTF8Length);
+    case NPVariantType_Object:
+        return valueOf(HBBTV_VALUE_OBJECT);
+    case NPVariantType_Void:
+        break;
+    }
+    return valueOf(HBBTV_VALUE_UNDEFINED);
 }
 
-std::string describeArguments(const NPVariant* args, uint32_t count) {
-    std::string text = "(";
-    for (uint32_t i = 0; i < count; ++i) {
-        text += (i ? ", " : "") + describeVariant(args[i]);
-    }
-    return text + ")";
+std::vector<HbbTVPluginTraceValue> pluginTraceValues(const NPVariant* args, uint32_t count) {
+    std::vector<HbbTVPluginTraceValue> values(count);
+    std::transform(args, args + count, values.begin(), pluginTraceValue);
+    return values;
 }
 
 std::string describeIdentifier(NPIdentifier identifier) {

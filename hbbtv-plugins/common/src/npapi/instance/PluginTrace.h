@@ -7,22 +7,31 @@
 #include "npapi/npruntime.h"
 
 #include <string>
+#include <vector>
 
-/** @return true while somebody observes; the functions below are called only then */
+/** @return true while an observer is set; the functions that follow are called only then */
 bool pluginTraceIsOn();
 
 /** @return CLOCK_MONOTONIC in microseconds */
 int64_t pluginTraceNow();
 
-/** @param startUs when it began. @param tookUs how long it ran, 0 for what has no length */
-void pluginTraceEntry(HbbTVPluginTraceKind kind, int instance, int64_t startUs, int64_t tookUs, const std::string& text,
-                      const std::string& value = {});
+/** Passes an entry to the observer. */
+void pluginTraceEntry(const HbbTVPluginTraceEntry& entry);
 
-/** @return a value as script would write it; objects as "object" */
-std::string describeVariant(const NPVariant& value);
+/** @return an entry that happens now, its union not yet set */
+HbbTVPluginTraceEntry pluginTraceEntryNow(HbbTVPluginTraceKind kind, int instance);
 
-/** @return "(a, b)" */
-std::string describeArguments(const NPVariant* args, uint32_t count);
+/** Traces a param, read or write. */
+void pluginTraceProperty(HbbTVPluginTraceKind kind, int instance, const char* name, const HbbTVPluginTraceValue& value);
+
+/** @return the value; a string's bytes stay the variant's */
+HbbTVPluginTraceValue pluginTraceValue(const NPVariant& value);
+
+/** @return the string, whose bytes stay the caller's */
+HbbTVPluginTraceValue pluginTraceString(const char* bytes, size_t length);
+
+/** @return the values of script's arguments; their strings' bytes stay the variants' */
+std::vector<HbbTVPluginTraceValue> pluginTraceValues(const NPVariant* args, uint32_t count);
 
 /** @return the name of an identifier */
 std::string describeIdentifier(NPIdentifier identifier);

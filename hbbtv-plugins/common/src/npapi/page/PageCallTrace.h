@@ -2,22 +2,37 @@
 #ifndef PAGECALLTRACE_H
 #define PAGECALLTRACE_H
 
+#include "HbbTVPluginTrace.h"
+
 #include "npapi/npruntime.h"
 
 #include <string>
+#include <vector>
 
-/** Made before the call; costs nothing while nobody observes. */
+class PluginInstance;
+
+/**
+ * Made before the call of a page's function, notified when it returns. The arguments outlive it. Costs nothing while
+ * no observer is set.
+ */
 class PageCallTrace {
 public:
     PageCallTrace(NPP npp, const NPObject* function, const NPVariant* args, uint32_t argCount);
+    PageCallTrace(const PageCallTrace&) = delete;
+    PageCallTrace& operator=(const PageCallTrace&) = delete;
 
     /** The call has returned. @return `succeeded` */
     bool finished(bool succeeded) const;
 
 private:
-    int m_instance; ///< 0 while nobody observes
+    bool readEvent(PluginInstance& instance, const NPVariant& event);
+
+    int m_instance; ///< 0 while no observer is set
     int64_t m_start;
-    std::string m_text;
+    std::string m_name;
+    std::vector<HbbTVPluginTraceValue> m_arguments;
+    const char* m_property; ///< of the event object; null when the function got the arguments as they are
+    std::string m_text;     ///< bytes of that property's value, when it is a string
 };
 
 #endif
