@@ -287,7 +287,7 @@ void Television::sendKey(const RemoteKey& key, bool pressed, bool isRepeat) {
 }
 
 void Television::takeScreenshot() {
-    if (!m_screen.picture().save(m_commandLine.screenshotFile, "PNG")) {
+    if (!m_screen.image().save(m_commandLine.screenshotFile, "PNG")) {
         printError(QStringLiteral("the screenshot cannot be written to %1").arg(m_commandLine.screenshotFile));
         QCoreApplication::exit(1);
         return;

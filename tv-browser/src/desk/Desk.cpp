@@ -164,7 +164,7 @@ void Desk::takeScreenshot() const {
     for (int i = 2; QFileInfo::exists(name); ++i) {
         name = QStringLiteral("%1-%2.png").arg(stem).arg(i);
     }
-    if (m_parts.screen.picture().save(name, "PNG")) {
+    if (m_parts.screen.image().save(name, "PNG")) {
         printOutput(QFileInfo(name).absoluteFilePath());
         m_notice->tell(QStringLiteral("Screenshot: %1").arg(QFileInfo(name).absoluteFilePath()));
     } else {

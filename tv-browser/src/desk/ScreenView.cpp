@@ -51,7 +51,7 @@ void ScreenView::paintEvent(QPaintEvent* event) {
         painter.fillRect(rect(), Qt::black);
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, area.size() != QSizeF(tvScreenSize));
-    painter.drawImage(area, m_screen.picture());
+    painter.drawImage(area, m_screen.image());
 }
 
 } // namespace tv

@@ -1,6 +1,4 @@
-/**
- * What the television shows: black, the video planes, and the page on top.
- */
+/** Composes what the television shows. */
 #ifndef COMPOSITOR_H
 #define COMPOSITOR_H
 
@@ -17,17 +15,21 @@ namespace tv {
 
 class TvPage;
 
+/**
+ * Composes black, the video planes and the page, from bottom to top. The page is painted when the event loop is idle,
+ * and only where it has changed. Thread: the engine's.
+ */
 class Compositor : public QObject {
     Q_OBJECT
 public:
     /** @param page outlives this object */
     explicit Compositor(TvPage& page);
 
-    /** @return the picture of this moment, 1280x720; only what changed since the last call is composed */
-    const QImage& picture();
+    /** @return the screen at this moment, tvScreenSize; only what changed since the last call is composed */
+    const QImage& image();
 
 signals:
-    /** A part of the picture has changed. */
+    /** A part of the screen has changed. */
     void changed(const QRegion& region);
 
 private:
@@ -37,14 +39,14 @@ private:
     void addStale(const QRegion& region);
 
     TvPage& m_page;
-    PageLayer m_pagePicture;
+    PageLayer m_pageLayer;
     VideoPlanes m_planes;
     FullScreenObjects m_fullScreenObjects;
-    bool m_isVideoBehindPage = false; ///< behind all of it, not only behind its elements
+    bool m_isVideoBehindPage = false; ///< behind all of it, not only behind its plug-in elements
     QTimer m_paintTimer;
-    QRegion m_pageDirty;
-    QRegion m_stale; ///< of the composed picture
-    QImage m_picture;
+    QRegion m_pageDirty; ///< to be painted
+    QRegion m_stale;     ///< to be composed
+    QImage m_image;
 };
 
 } // namespace tv

@@ -1,10 +1,4 @@
-/**
- * Shows media objects that are in full-screen mode over the whole page.
- *
- * In that mode the player's window is the screen while the object keeps its place in the layout, and its z-index. So
- * the hole that the object makes in the page has to be the screen too: a transform on the element does it, which
- * changes no layout. An element that is placed absolutely also becomes a fixed one, so that its parents do not cut it.
- */
+/** Shows media objects that are in full-screen mode over the whole page. */
 #ifndef FULLSCREENOBJECTS_H
 #define FULLSCREENOBJECTS_H
 
@@ -19,6 +13,14 @@ class QWebFrame;
 
 namespace tv {
 
+/**
+ * Stretches the elements of media objects in full-screen mode to their frame's viewport.
+ *
+ * In that mode the player's window is the screen, while the object keeps its rectangle in the layout and its z-index.
+ * So the hole that the object makes in the page must become the screen too. A transform on the element does that
+ * without changing the layout. An element that is positioned absolutely also becomes a fixed one, so that its parents
+ * do not clip it. Thread: the engine's.
+ */
 class FullScreenObjects {
 public:
     /** @param mainFrame outlives this object */
@@ -27,11 +29,11 @@ public:
     /** Looks at all objects of the page and its frames, and stretches or restores those whose mode has changed. */
     void update();
 
-    /** @return true while an object is in full-screen mode */
-    bool any() const { return m_any; }
+    /** @return true when an object was in full-screen mode at the last update */
+    bool isAny() const { return m_isAny; }
 
-    /** @return true while one of them is neither hidden nor transparent: its video lies behind the whole page */
-    bool anySeen() const { return m_anySeen; }
+    /** @return true when one of them was neither hidden nor transparent: its video is behind the whole page */
+    bool isAnyVisible() const { return m_isAnyVisible; }
 
     /** @return the players of the objects that were hidden or transparent at the last update */
     const QSet<int>& hiddenPlayers() const { return m_hiddenPlayers; }
@@ -40,18 +42,20 @@ private:
     struct Stretched {
         QWebElement element;
         QStringList formerStyle; ///< the element's own values of the properties that are overridden
-        QRectF place;            ///< in the layout, as the transform in force supposes
-        QSizeF viewport;
-        QString position; ///< the page's, as computed
+        QString position;        ///< the page's, as computed
+        QRectF box;              ///< in the layout, as the transform in force assumes
+        QSizeF viewport;         ///< as the transform in force assumes
     };
 
-    static void stretch(Stretched& object);
+    static Stretched stretch(QWebElement element, const QSizeF& viewport);
+    static void fit(Stretched& object, const QRectF& box, const QSizeF& viewport);
     void updateFrame(QWebFrame& frame, QList<Stretched>& stillStretched);
+    void updateElement(const QWebElement& element, QList<Stretched>& stillStretched);
 
     QWebFrame& m_mainFrame;
     QList<Stretched> m_stretched;
-    bool m_any = false;
-    bool m_anySeen = false;
+    bool m_isAny = false;
+    bool m_isAnyVisible = false;
     QSet<int> m_hiddenPlayers;
 };
 

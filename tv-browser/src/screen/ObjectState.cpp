@@ -1,5 +1,6 @@
 #include "screen/ObjectState.h"
 
+#include "base/ScreenSize.h"
 #include "timeline/TraceSuppression.h"
 
 #include <QVariant>
@@ -9,30 +10,32 @@ namespace tv {
 
 namespace {
 
-// Written by a page, fullScreen alone leaves the player's window as it is; the width and height tell.
+// A page may write fullScreen, which leaves the player's window as it is; only setFullScreen() also sets the size.
 const QString script = QStringLiteral(R"js((function(object) {
-  function isSeen(element) {
+  function isVisible(element) {
     if (getComputedStyle(element).visibility !== 'visible') {
       return false;
     }
-    for (var part = element; part; part = part.parentElement) {
-      if (Number(getComputedStyle(part).opacity) === 0) {
+    for (var node = element; node; node = node.parentElement) {
+      if (Number(getComputedStyle(node).opacity) === 0) {
         return false;
       }
     }
     var frame = element.ownerDocument.defaultView.frameElement;
-    return !frame || isSeen(frame);
+    return !frame || isVisible(frame);
   }
   var box = object.getBoundingClientRect();
   return [typeof object.getMediaHandle === 'function' ? object.getMediaHandle() : -1,
-          object.fullScreen === true && object.width == 1280 && object.height == 720, isSeen(object),
+          object.fullScreen === true && object.width == %1 && object.height == %2, isVisible(object),
           box.left, box.top, box.width, box.height, innerWidth, innerHeight];
-})(this))js");
+})(this))js")
+                           .arg(tvScreenSize.width())
+                           .arg(tvScreenSize.height());
 
 } // namespace
 
 ObjectState objectStateOf(QWebElement element) {
-    const TraceSuppression unobserved;
+    const TraceSuppression suppression;
     const QVariantList values = element.evaluateJavaScript(script).toList();
     if (values.size() != 9) {
         return {};

@@ -1,6 +1,4 @@
-/**
- * What the television asks a media object of a page.
- */
+/** Reads how a media object of a page stands on the screen. */
 #ifndef OBJECTSTATE_H
 #define OBJECTSTATE_H
 
@@ -11,15 +9,16 @@ class QWebElement;
 
 namespace tv {
 
+/** A media object at one moment. */
 struct ObjectState {
-    int player = -1; ///< handle of the adaptation layer, negative without one
-    bool isFullScreen = false;
-    bool isSeen = true; ///< neither hidden nor transparent, by itself or by what it is in
-    QRectF box;         ///< in the frame's viewport, as its size
-    QSizeF viewport;
+    int player = -1;           ///< handle of the adaptation layer, negative without one
+    bool isFullScreen = false; ///< the player's window is the whole screen
+    bool isVisible = true;     ///< neither hidden nor transparent, by itself or by an element around it
+    QRectF box;                ///< in the frame's viewport, in the same pixels
+    QSizeF viewport;           ///< the frame's size
 };
 
-/** Asks an object or embed element by script, which the timeline does not tell. Thread: the engine's. */
+/** Reads the state of an object or embed element by script, which the timeline leaves out. Thread: the engine's. */
 ObjectState objectStateOf(QWebElement element);
 
 } // namespace tv

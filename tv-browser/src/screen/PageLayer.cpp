@@ -1,7 +1,7 @@
 #include "screen/PageLayer.h"
 
+#include "base/ScreenSize.h"
 #include "interpose/X11Interposition.h"
-#include "page/TvPage.h"
 
 #include <QPainter>
 #include <QWebFrame>
@@ -11,8 +11,8 @@ namespace tv {
 
 namespace {
 
-constexpr QRgb black = 0xff000000;
-constexpr QRgb white = 0xffffffff;
+constexpr QRgb opaqueBlack = 0xff000000;
+constexpr QRgb opaqueWhite = 0xffffffff;
 
 /** @return true when a plug-in element was painted */
 bool paintWithElementsIn(QRgb colour, const QColor& ground, QWebFrame& frame, QImage& image, const QRegion& region) {
@@ -29,8 +29,8 @@ bool paintWithElementsIn(QRgb colour, const QColor& ground, QWebFrame& frame, QI
 }
 
 /**
- * Where black and white elements make a difference, the element shows: by so much the page's alpha is lowered.
- * The least of the three differences keeps each colour at or below alpha, whatever was rounded on the way.
+ * A pixel that differs between black and white elements shows the element: its alpha is lowered by the difference.
+ * The least difference of the three channels keeps every channel at or below alpha in spite of rounding.
  */
 void cutHoles(QImage& page, const QImage& whitePage, const QRect& rectangle) {
     for (int y = rectangle.top(); y <= rectangle.bottom(); ++y) {
@@ -38,11 +38,11 @@ void cutHoles(QImage& page, const QImage& whitePage, const QRect& rectangle) {
         const auto* whites = reinterpret_cast<const QRgb*>(whitePage.constScanLine(y));
         for (int x = rectangle.left(); x <= rectangle.right(); ++x) {
             const QRgb pixel = pixels[x];
-            const QRgb bright = whites[x];
-            if (pixel != bright) {
-                const int shows = std::min(
-                    {qRed(bright) - qRed(pixel), qGreen(bright) - qGreen(pixel), qBlue(bright) - qBlue(pixel)});
-                pixels[x] = pixel - (static_cast<QRgb>(std::max(shows, 0)) << 24);
+            const QRgb white = whites[x];
+            if (pixel != white) {
+                const int share =
+                    std::min({qRed(white) - qRed(pixel), qGreen(white) - qGreen(pixel), qBlue(white) - qBlue(pixel)});
+                pixels[x] = pixel - (static_cast<QRgb>(std::max(share, 0)) << 24);
             }
         }
     }
@@ -57,10 +57,10 @@ PageLayer::PageLayer()
 }
 
 void PageLayer::paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground) {
-    if (!paintWithElementsIn(black, ground, mainFrame, m_page, region)) {
+    if (!paintWithElementsIn(opaqueBlack, ground, mainFrame, m_page, region)) {
         return;
     }
-    paintWithElementsIn(white, ground, mainFrame, m_white, region);
+    paintWithElementsIn(opaqueWhite, ground, mainFrame, m_white, region);
     for (const QRect& rectangle : region) {
         cutHoles(m_page, m_white, rectangle);
     }

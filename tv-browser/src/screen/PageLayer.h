@@ -1,6 +1,4 @@
-/**
- * The picture of the page, with holes where its plug-in elements show.
- */
+/** The page as a layer of the screen. */
 #ifndef PAGELAYER_H
 #define PAGELAYER_H
 
@@ -12,6 +10,10 @@ class QWebFrame;
 
 namespace tv {
 
+/**
+ * Paints the page with holes where its plug-in elements are visible. It paints the page twice, once with black and once
+ * with white elements; the difference is the hole, exact also under transparent overlays, round corners and transforms.
+ */
 class PageLayer {
 public:
     PageLayer();
@@ -22,12 +24,12 @@ public:
      */
     void paint(QWebFrame& mainFrame, const QRegion& region, const QColor& ground);
 
-    /** @return the picture, premultiplied; transparent by so much as video shows */
+    /** @return the page, premultiplied; transparent by as much as video shows */
     const QImage& image() const { return m_page; }
 
 private:
-    QImage m_page;
-    QImage m_white; ///< the same with white plug-in elements
+    QImage m_page;  ///< at first with black plug-in elements, then with holes
+    QImage m_white; ///< with white plug-in elements
 };
 
 } // namespace tv

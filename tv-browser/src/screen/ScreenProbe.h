@@ -1,7 +1,4 @@
-/**
- * Lets a test page see what the television shows, as `televisionScreen` in its scripts: only for pages that say a
- * verdict, since no television has it.
- */
+/** Lets a test page see what the television shows. */
 #ifndef SCREENPROBE_H
 #define SCREENPROBE_H
 
@@ -14,21 +11,22 @@ namespace tv {
 
 class Compositor;
 
+/** `televisionScreen` in the page's scripts. Only for pages that give a verdict, since no television has it. */
 class ScreenProbe : public QObject {
     Q_OBJECT
 public:
-    /** @param screen,mainFrame outlive this object */
-    ScreenProbe(Compositor& screen, QWebFrame& mainFrame);
+    /** @param compositor,mainFrame outlive this object */
+    ScreenProbe(Compositor& compositor, QWebFrame& mainFrame);
 
     /**
-     * Looks at one picture of this moment, 1280x720.
+     * Looks at the screen of this moment.
      * @param points x, y, x, y, ... in pixels
      * @return the brightness of each point, 0 to 255; -1 outside the screen
      */
     Q_INVOKABLE QVariantList brightness(const QVariantList& points);
 
 private:
-    Compositor& m_screen;
+    Compositor& m_compositor;
 };
 
 } // namespace tv

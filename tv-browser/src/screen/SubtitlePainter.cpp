@@ -13,7 +13,7 @@ namespace tv {
 
 namespace {
 
-// Shares of the picture's height. Fifteen rows fill a picture with room for the gaps between them.
+// Shares of the window's height: fifteen rows and the gaps between them fill it.
 constexpr double letterHeight = 1 / 17.0;
 constexpr double bottomMargin = 1 / 18.0;
 constexpr double sideMargin = 1 / 20.0; // of its width
@@ -23,15 +23,15 @@ constexpr int smallestLetters = 16;
 
 const QColor boxColour(0, 0, 0, 190);
 
-QFont fontFor(const QSize& room) {
+QFont fontFor(const QSize& window) {
     QFont font(QStringLiteral("Tiresias Screenfont"));
     font.setFamilies({QStringLiteral("Tiresias Screenfont"), QStringLiteral("DejaVu Sans")});
     font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(std::max(smallestLetters, qRound(room.height() * letterHeight)));
+    font.setPixelSize(std::max(smallestLetters, qRound(window.height() * letterHeight)));
     return font;
 }
 
-/** @return the written part of each line */
+/** @return the rectangle of the text in each line */
 QVector<QRectF> linesOf(const QTextDocument& document) {
     QVector<QRectF> lines;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -43,10 +43,11 @@ QVector<QRectF> linesOf(const QTextDocument& document) {
     return lines;
 }
 
-QImage write(const QString& text, const QSize& room) {
-    const QFont font = fontFor(room);
+/** @return the text as an image as wide as the window without its margins, and as high as its lines */
+QImage render(const QString& text, const QSize& window) {
+    const QFont font = fontFor(window);
     const double padding = font.pixelSize() / 4.0;
-    const double width = room.width() * (1 - 2 * sideMargin);
+    const double width = window.width() * (1 - 2 * sideMargin);
 
     QTextDocument document;
     document.setUndoRedoEnabled(false);
@@ -58,13 +59,13 @@ QImage write(const QString& text, const QSize& room) {
     document.setHtml(QString(text).replace(QLatin1Char('\n'), QLatin1String("<br/>")));
     document.setTextWidth(width);
 
-    // What does not fit is left out as whole lines.
-    const double highest = room.height() * (1 - 2 * bottomMargin);
+    // Whole lines are left out when they do not fit.
+    const double highest = window.height() * (1 - 2 * bottomMargin);
     QVector<QRectF> lines = linesOf(document);
     while (lines.size() > 1 && lines.last().bottom() + padding > highest) {
         lines.removeLast();
     }
-    const double height = std::min<double>(lines.last().bottom() + padding, room.height());
+    const double height = std::min<double>(lines.last().bottom() + padding, window.height());
 
     QImage image(qCeil(width), qCeil(height), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -88,21 +89,21 @@ QImage write(const QString& text, const QSize& room) {
 
 } // namespace
 
-void SubtitlePainter::draw(QPainter& painter, int player, const QString& text, const QRect& picture) {
-    if (text.isEmpty() || picture.isEmpty()) {
-        m_written.remove(player);
+void SubtitlePainter::draw(QPainter& painter, int player, const QString& text, const QRect& window) {
+    if (text.isEmpty() || window.isEmpty()) {
+        m_rendered.remove(player);
         return;
     }
-    Written& written = m_written[player];
-    if (written.text != text || written.room != picture.size()) {
-        written = {text, picture.size(), write(text, picture.size())};
+    Rendered& rendered = m_rendered[player];
+    if (rendered.text != text || rendered.window != window.size()) {
+        rendered = {text, window.size(), render(text, window.size())};
     }
-    QRect place(QPoint(), written.image.size());
-    place.moveCenter(picture.center());
-    place.moveBottom(picture.bottom() - qRound(picture.height() * bottomMargin));
+    QRect target(QPoint(), rendered.image.size());
+    target.moveCenter(window.center());
+    target.moveBottom(window.bottom() - qRound(window.height() * bottomMargin));
     painter.save();
-    painter.setClipRect(picture, Qt::IntersectClip);
-    painter.drawImage(place, written.image);
+    painter.setClipRect(window, Qt::IntersectClip);
+    painter.drawImage(target, rendered.image);
     painter.restore();
 }
 

@@ -1,6 +1,4 @@
-/**
- * Writes subtitles over pictures, at their lower edge, in a size that can be read from the sofa.
- */
+/** Draws subtitles over video. */
 #ifndef SUBTITLEPAINTER_H
 #define SUBTITLEPAINTER_H
 
@@ -13,22 +11,23 @@ class QRect;
 
 namespace tv {
 
+/** Draws subtitles at the lower edge of a player's window, in letters that can be read from the sofa. */
 class SubtitlePainter {
 public:
     /**
-     * @param player  whose picture it is: what was written for it last is kept
-     * @param text    as mediaSubtitlesAt gives it, empty for none
-     * @param picture where the picture is; nothing is written outside it
+     * @param player the text rendered last for it is kept
+     * @param text   as mediaSubtitlesAt gives it, empty for none
+     * @param window the player's; nothing is drawn outside it
      */
-    void draw(QPainter& painter, int player, const QString& text, const QRect& picture);
+    void draw(QPainter& painter, int player, const QString& text, const QRect& window);
 
 private:
-    struct Written {
+    struct Rendered {
         QString text;
-        QSize room;
-        QImage image; ///< as wide as the room, as high as its lines
+        QSize window;
+        QImage image;
     };
-    QHash<int, Written> m_written;
+    QHash<int, Rendered> m_rendered; ///< by player
 };
 
 } // namespace tv

@@ -42,9 +42,9 @@ QRegion regionOf(const QSet<int>& players, const std::vector<MediaPictureWindow>
     return region;
 }
 
-/** The rectangle that a picture of that size fills in a window without changing its shape. */
-QRect fitted(const QSize& picture, const QRect& window) {
-    QRect target(QPoint(), picture.scaled(window.size(), Qt::KeepAspectRatio));
+/** @return the rectangle that a frame of that size fills in a window when it keeps its shape */
+QRect fitted(const QSize& frame, const QRect& window) {
+    QRect target(QPoint(), frame.scaled(window.size(), Qt::KeepAspectRatio));
     target.moveCenter(window.center());
     return target;
 }
@@ -79,26 +79,26 @@ void VideoPlanes::update() {
         players.swap(m_notified);
     }
     const std::vector<MediaPictureWindow> windows = currentWindows();
-    const bool placesSame = std::equal(windows.begin(), windows.end(), m_windows.begin(), m_windows.end(), isSame);
+    const bool sameWindows = std::equal(windows.begin(), windows.end(), m_windows.begin(), m_windows.end(), isSame);
     const QRegion region = regionOf(players, m_windows) + regionOf(players, windows);
-    const bool pictureless =
+    const bool isAnyWithoutFrame =
         std::any_of(players.begin(), players.end(), [&windows](int player) { return !isIn(windows, player); });
     m_windows = windows;
     if (!region.isEmpty()) {
         emit changed(region);
     }
-    if (!placesSame || pictureless) {
-        emit placesChanged();
+    if (!sameWindows || isAnyWithoutFrame) {
+        emit windowsChanged();
     }
 }
 
 bool VideoPlanes::overlap() const {
-    QRegion taken;
+    QRegion covered;
     for (const MediaPictureWindow& window : m_windows) {
-        if (taken.intersects(rectangleOf(window))) {
+        if (covered.intersects(rectangleOf(window))) {
             return true;
         }
-        taken += rectangleOf(window);
+        covered += rectangleOf(window);
     }
     return false;
 }
@@ -113,17 +113,17 @@ void VideoPlanes::setHidden(const QSet<int>& players) {
 
 void VideoPlanes::draw(QPainter& painter) {
     for (const MediaPictureWindow& window : m_windows) {
-        MediaPicture picture{};
-        if (m_hidden.contains(window.player) || !mediaPictureAcquire(window.player, &picture)) {
+        MediaPicture frame{};
+        if (m_hidden.contains(window.player) || !mediaPictureAcquire(window.player, &frame)) {
             continue;
         }
-        const QImage image(picture.pixels, picture.width, picture.height, picture.stride, QImage::Format_RGB32);
-        const QRect place = rectangleOf(window);
-        painter.fillRect(place, Qt::black);
-        painter.drawImage(fitted(image.size(), place), image);
-        const std::unique_ptr<char, FreeText> text(mediaSubtitlesAt(window.player, picture.timeMs));
-        m_subtitlePainter.draw(painter, window.player, QString::fromUtf8(text.get()), place);
-        mediaPictureRelease(&picture);
+        const QImage image(frame.pixels, frame.width, frame.height, frame.stride, QImage::Format_RGB32);
+        const QRect rectangle = rectangleOf(window);
+        painter.fillRect(rectangle, Qt::black);
+        painter.drawImage(fitted(image.size(), rectangle), image);
+        const std::unique_ptr<char, FreeText> text(mediaSubtitlesAt(window.player, frame.timeMs));
+        m_subtitlePainter.draw(painter, window.player, QString::fromUtf8(text.get()), rectangle);
+        mediaPictureRelease(&frame);
     }
 }
 

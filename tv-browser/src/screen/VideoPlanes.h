@@ -1,6 +1,4 @@
-/**
- * The players' pictures at their places on the screen, with their subtitles.
- */
+/** The players' video in its windows on the screen, with subtitles. */
 #ifndef VIDEOPLANES_H
 #define VIDEOPLANES_H
 
@@ -17,35 +15,38 @@ class QPainter;
 
 namespace tv {
 
+/**
+ * Observes the players while it lives, and draws the newest frame of each. One object at a time: the players report to
+ * one observer only. Thread: the engine's.
+ */
 class VideoPlanes : public QObject {
     Q_OBJECT
 public:
-    /** Watches the players from now on. One object at a time: the players tell only one. */
     VideoPlanes();
     ~VideoPlanes() override;
 
-    /** @return true when players show pictures in the same place, so that the page's holes do not tell whose is seen */
+    /** @return true when windows overlap, so that the page's holes do not tell whose video is visible */
     bool overlap() const;
 
-    /** Sets the players whose pictures are not drawn. */
+    /** Sets the players whose video is not drawn. */
     void setHidden(const QSet<int>& players);
 
-    /** Draws the newest pictures with their subtitles, in the order in which the players were opened. */
+    /** Draws the newest frames with their subtitles, in the order in which the players were opened. */
     void draw(QPainter& painter);
 
 signals:
-    /** New pictures, or pictures moved: what has to be drawn anew. */
+    /** There are new frames, or windows have moved. @param region what has to be drawn anew */
     void changed(const QRegion& region);
 
-    /** A player's place may have changed, with or without a picture to show there. */
-    void placesChanged();
+    /** A player's window may have changed, with or without a frame to show in it. */
+    void windowsChanged();
 
 private:
     static void notify(int player, void* planes);
     void update();
 
     std::mutex m_mutex;
-    QSet<int> m_notified; ///< players that changed since the last update; guarded by the mutex
+    QSet<int> m_notified; ///< players that changed since the last update; guarded by m_mutex
     std::vector<MediaPictureWindow> m_windows;
     QSet<int> m_hidden;
     SubtitlePainter m_subtitlePainter;
