@@ -1,19 +1,22 @@
 #include "playback/PipelineShutdown.h"
 
 #include "gst/ElementSearch.h"
+#include "gst/EventSource.h"
 
 namespace media {
 namespace {
 
-// A server that is silent keeps its pipeline from ever prerolling; by then it is past the dangerous moments.
-constexpr guint PREROLL_LIMIT_MS = 2000;
+using std::chrono::milliseconds;
 
-// By then the segments that are being loaded are there, unless the server is slow.
-constexpr guint DOWNLOAD_LIMIT_MS = 1000;
+// A silent server keeps its pipeline from ever prerolling; by then it is past the dangerous moments.
+constexpr milliseconds PREROLL_LIMIT(2000);
+
+// By then the segments that are being loaded have arrived, unless the server is slow.
+constexpr milliseconds DOWNLOAD_LIMIT(1000);
 
 /**
- * Makes adaptive demuxers load no more than they are at. One that is shut down in the middle of a download never gives
- * its connection back: cancelling needs its own thread, which the shutdown ends first.
+ * Makes adaptive demuxers load nothing beyond the present segment. One that is shut down in the middle of a download
+ * never gives its connection back: cancelling needs its own thread, which the shutdown ends first.
  */
 void endDownloads(const std::vector<ElementPtr>& demuxers) {
     constexpr guint64 NOTHING_MORE = 1;
@@ -22,25 +25,26 @@ void endDownloads(const std::vector<ElementPtr>& demuxers) {
     }
 }
 
-/** Leads a pipeline to its end step by step, between other things of the player's thread; deletes itself then. */
+/**
+ * A pipeline on its way to its end, in up to two waits of the player's thread. It owns itself and keeps the thread.
+ *
+ *     waitForPreroll --ASYNC_DONE, ERROR, EOS or PREROLL_LIMIT--> waitForDownloads --DOWNLOAD_LIMIT--> NULL, deleted
+ */
 class EndingPipeline {
 public:
     EndingPipeline(PlayerThread& thread, ElementPtr pipeline) : m_thread(thread), m_pipeline(std::move(pipeline)) {}
 
     ~EndingPipeline() {
         gst_element_set_state(m_pipeline.get(), GST_STATE_NULL);
-        m_thread.release();
+        m_thread.release(); // last: it may be what the thread waited for to end
     }
 
     EndingPipeline(const EndingPipeline&) = delete;
     EndingPipeline& operator=(const EndingPipeline&) = delete;
 
     void waitForPreroll() {
-        const BusPtr bus(gst_element_get_bus(m_pipeline.get()));
-        m_watch.reset(gst_bus_create_watch(bus.get()));
-        g_source_set_callback(m_watch.get(), G_SOURCE_FUNC(&EndingPipeline::onMessage), this, nullptr);
-        g_source_attach(m_watch.get(), m_thread.context());
-        startTimer(PREROLL_LIMIT_MS, &EndingPipeline::onPrerollLimit);
+        m_watch = watchBus(m_thread, m_pipeline.get(), [this](GstMessage* message) { onMessage(message); });
+        m_timer = callAfter(m_thread, PREROLL_LIMIT, [this] { waitForDownloads(); });
         gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
     }
 
@@ -49,33 +53,15 @@ public:
         gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
         const auto demuxers = findAdaptiveDemuxers(m_pipeline.get());
         endDownloads(demuxers);
-        startTimer(demuxers.empty() ? 0 : DOWNLOAD_LIMIT_MS, &EndingPipeline::onDownloadLimit);
+        m_timer = callAfter(m_thread, demuxers.empty() ? milliseconds(0) : DOWNLOAD_LIMIT, [this] { delete this; });
     }
 
 private:
-    void startTimer(guint ms, GSourceFunc function) {
-        m_timer.reset(g_timeout_source_new(ms));
-        g_source_set_callback(m_timer.get(), function, this, nullptr);
-        g_source_attach(m_timer.get(), m_thread.context());
-    }
-
-    static gboolean onMessage(GstBus* /*bus*/, GstMessage* message, gpointer self) {
+    void onMessage(GstMessage* message) {
         const GstMessageType type = GST_MESSAGE_TYPE(message);
-        if (type != GST_MESSAGE_ASYNC_DONE && type != GST_MESSAGE_ERROR && type != GST_MESSAGE_EOS) {
-            return G_SOURCE_CONTINUE;
+        if (type == GST_MESSAGE_ASYNC_DONE || type == GST_MESSAGE_ERROR || type == GST_MESSAGE_EOS) {
+            waitForDownloads();
         }
-        static_cast<EndingPipeline*>(self)->waitForDownloads();
-        return G_SOURCE_REMOVE;
-    }
-
-    static gboolean onPrerollLimit(gpointer self) {
-        static_cast<EndingPipeline*>(self)->waitForDownloads();
-        return G_SOURCE_REMOVE;
-    }
-
-    static gboolean onDownloadLimit(gpointer self) {
-        delete static_cast<EndingPipeline*>(self);
-        return G_SOURCE_REMOVE;
     }
 
     PlayerThread& m_thread;

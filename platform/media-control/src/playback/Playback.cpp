@@ -1,6 +1,7 @@
 #include "playback/Playback.h"
 
 #include "gst/ElementSearch.h"
+#include "gst/EventSource.h"
 #include "gst/MissingPlugin.h"
 #include "http/RequestTrace.h"
 #include "playback/PipelineShutdown.h"
@@ -16,7 +17,7 @@
 namespace media {
 namespace {
 
-constexpr guint WATCHDOG_PERIOD_MS = 500;
+constexpr std::chrono::milliseconds WATCHDOG_PERIOD(500);
 constexpr gint64 STALL_LIMIT_US = 10'000'000;
 constexpr gint64 SPEED_LIMIT_US = 3'000'000; // for the first picture at another speed
 
@@ -70,8 +71,8 @@ Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
         fail(PlaybackErrorCode::INSUFFICIENT_RESOURCES, missingElementsAdvice());
         return;
     }
-    watchBus();
-    startWatchdog();
+    m_busWatch = watchBus(m_context.thread, m_pipeline.get(), [this](GstMessage* message) { onMessage(message); });
+    m_watchdog = callEvery(m_context.thread, WATCHDOG_PERIOD, [this] { onWatchdog(); });
     gst_element_set_state(m_pipeline.get(), m_target);
 }
 
@@ -104,39 +105,18 @@ bool Playback::buildPipeline() {
     return true;
 }
 
-void Playback::watchBus() {
-    const BusPtr bus(gst_element_get_bus(m_pipeline.get()));
-    m_busWatch.reset(gst_bus_create_watch(bus.get()));
-    g_source_set_callback(m_busWatch.get(), G_SOURCE_FUNC(&Playback::onBusMessage), this, nullptr);
-    g_source_attach(m_busWatch.get(), m_context.thread.context());
-}
-
-void Playback::startWatchdog() {
-    m_watchdog.reset(g_timeout_source_new(WATCHDOG_PERIOD_MS));
-    g_source_set_callback(m_watchdog.get(), &Playback::onWatchdog, this, nullptr);
-    g_source_attach(m_watchdog.get(), m_context.thread.context());
-}
-
 /** GStreamer notices neither a server that falls silent nor streams that never start. */
-gboolean Playback::onWatchdog(gpointer self) {
-    auto* playback = static_cast<Playback*>(self);
-    const bool waitsForData = !playback->m_settled || !playback->m_paused;
-    const gint64 idle = g_get_monotonic_time() - *playback->m_lastActivity;
-    if (playback->m_finished || !waitsForData) {
-        *playback->m_lastActivity = g_get_monotonic_time();
-    } else if (idle > SPEED_LIMIT_US && (playback->m_seeking ? playback->m_seeking->rate : playback->m_rate) != 1) {
-        playback->returnToNormalSpeed();
+void Playback::onWatchdog() {
+    const bool waitsForData = !m_settled || !m_paused;
+    const gint64 idle = g_get_monotonic_time() - *m_lastActivity;
+    if (m_finished || !waitsForData) {
+        *m_lastActivity = g_get_monotonic_time();
+    } else if (idle > SPEED_LIMIT_US && (m_seeking ? m_seeking->rate : m_rate) != 1) {
+        returnToNormalSpeed();
     } else if (idle > STALL_LIMIT_US) {
-        playback->fail(PlaybackErrorCode::BAD_CONNECTION,
-                       "no data came for " + std::to_string(STALL_LIMIT_US / G_USEC_PER_SEC) + " seconds");
-        return G_SOURCE_REMOVE;
+        fail(PlaybackErrorCode::BAD_CONNECTION,
+             "no data came for " + std::to_string(STALL_LIMIT_US / G_USEC_PER_SEC) + " seconds");
     }
-    return G_SOURCE_CONTINUE;
-}
-
-gboolean Playback::onBusMessage(GstBus* /*bus*/, GstMessage* message, gpointer self) {
-    static_cast<Playback*>(self)->onMessage(message);
-    return G_SOURCE_CONTINUE;
 }
 
 void Playback::onMessage(GstMessage* message) {

@@ -73,10 +73,7 @@ private:
 
     // Playback.cpp: life cycle and messages
     bool buildPipeline();
-    void watchBus();
-    void startWatchdog();
-    static gboolean onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
-    static gboolean onWatchdog(gpointer self);
+    void onWatchdog();
     void onMessage(GstMessage* message);
     void onStateChanged(GstMessage* message);
     void onBuffering(GstMessage* message);

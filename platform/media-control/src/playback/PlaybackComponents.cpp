@@ -1,6 +1,7 @@
 #include "playback/Playback.h"
 
 #include "gst/ElementSearch.h"
+#include "gst/EventSource.h"
 
 #include <utility>
 
@@ -8,7 +9,7 @@ namespace media {
 namespace {
 
 // Enough to begin loading, and little enough for a change to be heard within half a second.
-constexpr guint SELECTED_STREAM_STARTS_MS = 200;
+constexpr std::chrono::milliseconds SELECTED_STREAM_STARTS(200);
 
 } // namespace
 
@@ -57,18 +58,12 @@ void Playback::onStreamsSelected(GstMessage* message) {
 
 /** Seeks to where the media is. Adaptive streams that have just been selected do not survive that at once. */
 void Playback::refreshSoon() {
-    const guint delayMs = findAdaptiveDemuxers(m_pipeline.get()).empty() ? 0 : SELECTED_STREAM_STARTS_MS;
-    m_refreshTimer.reset(g_timeout_source_new(delayMs));
-    g_source_set_callback(
-        m_refreshTimer.get(),
-        [](gpointer self) -> gboolean {
-            auto* playback = static_cast<Playback*>(self);
-            playback->request(std::nullopt, playback->comingRate(), false);
-            playback->update();
-            return G_SOURCE_REMOVE;
-        },
-        this, nullptr);
-    g_source_attach(m_refreshTimer.get(), m_context.thread.context());
+    const bool isAdaptive = !findAdaptiveDemuxers(m_pipeline.get()).empty();
+    m_refreshTimer =
+        callAfter(m_context.thread, isAdaptive ? SELECTED_STREAM_STARTS : std::chrono::milliseconds(0), [this] {
+            request(std::nullopt, comingRate(), false);
+            update();
+        });
 }
 
 void Playback::issueSelection() {

@@ -66,7 +66,7 @@ void Player::startSubtitles(const PlaybackSettings& settings) {
 
 void Player::readSubtitles() {
     for (const Subtitles::Request& request : m_subtitles->takeRequests()) {
-        const auto done = [this, track = request.track](SubtitleFile file) {
+        const auto done = [this, track = request.track](SubtitleReader::Outcome file) {
             if (m_subtitles->finishRequest(track, std::move(file))) {
                 tellSubtitlesSelected();
             }

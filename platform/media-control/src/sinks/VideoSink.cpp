@@ -1,8 +1,10 @@
 #include "sinks/VideoSink.h"
 
+#include "gst/AppSink.h"
+
 #include <algorithm>
 #include <cmath>
-#include <gst/app/gstappsink.h>
+#include <utility>
 
 namespace media {
 namespace {
@@ -15,23 +17,6 @@ constexpr double MAX_PIXELS = 1920.0 * 1080.0;
 constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter name=filter ! "
                                     "videoconvert ! video/x-raw,format=BGRx ! "
                                     "appsink name=sink max-buffers=1 drop=true qos=true max-lateness=20000000";
-
-struct FrameTarget {
-    std::shared_ptr<Picture> picture;
-    unsigned run;
-};
-
-GstFlowReturn onFrame(GstAppSink* sink, gpointer data) {
-    const auto* target = static_cast<const FrameTarget*>(data);
-    target->picture->show(target->run, SamplePtr(gst_app_sink_pull_sample(sink)));
-    return GST_FLOW_OK;
-}
-
-GstFlowReturn onFirstFrame(GstAppSink* sink, gpointer data) {
-    const auto* target = static_cast<const FrameTarget*>(data);
-    target->picture->show(target->run, SamplePtr(gst_app_sink_pull_preroll(sink)));
-    return GST_FLOW_OK;
-}
 
 } // namespace
 
@@ -46,11 +31,10 @@ VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, unsigned run) : m_
     const ElementPtr sink(gst_bin_get_by_name(GST_BIN(made), "sink"));
     m_filter = filter.get();
     m_sink = sink.get();
-    GstAppSinkCallbacks callbacks = {};
-    callbacks.new_sample = &onFrame;
-    callbacks.new_preroll = &onFirstFrame;
-    gst_app_sink_set_callbacks(GST_APP_SINK(sink.get()), &callbacks, new FrameTarget{picture, run},
-                               &deleteUserData<FrameTarget>);
+    handleSamples(m_sink, PrerollSamples::HANDLED, [picture, run](GstElement*, SamplePtr sample) {
+        picture->show(run, std::move(sample));
+        return GST_FLOW_OK;
+    });
     fitWindow();
 }
 

@@ -1,7 +1,8 @@
-/** Reads a subtitle file: fetches it, finds out what it is by its content, and lets GStreamer's parser read it. */
+/** Reads a subtitle file. */
 #ifndef MEDIA_CONTROL_SUBTITLEREADER_H
 #define MEDIA_CONTROL_SUBTITLEREADER_H
 
+#include "Result.h"
 #include "gst/GstPointer.h"
 #include "gst/PlayerThread.h"
 #include "subtitles/CueList.h"
@@ -13,15 +14,21 @@
 namespace media {
 
 struct SubtitleFile {
-    std::string failure;  /**< why there are no cues, for people; empty when there are */
-    std::string encoding; /**< "TTML", "WEBVTT", "SUBRIP", else empty */
+    std::string encoding; /**< as subtitleEncoding() */
     CueList cues;
 };
 
-/** Everything here runs on the player's thread. */
+/**
+ * Reads one subtitle file, first through a pipeline that fetches it, then through one whose parser suits its content.
+ *
+ * The reader's owner destroys it to give up reading. Everything here runs on the player's thread; the pipelines'
+ * streaming threads only fill the content that they share with the reader.
+ */
 class SubtitleReader {
 public:
-    using Done = std::function<void(SubtitleFile)>;
+    /** The file, or for people why there is none. */
+    using Outcome = support::Result<SubtitleFile, std::string>;
+    using Done = std::function<void(Outcome)>;
 
     /**
      * Starts to fetch.
@@ -35,23 +42,23 @@ public:
     SubtitleReader& operator=(const SubtitleReader&) = delete;
 
 private:
-    struct Content;
+    class Content;
 
     void fetch(const std::string& url, bool televisionUserAgent);
     void parse();
     void run(ElementPtr pipeline);
     void end();
-    void finish(const std::string& failure);
-    void onEnd();
-    static gboolean onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
+    void fail(const std::string& cause);
+    void onMessage(GstMessage* message);
+    void onEndOfStream();
 
-    PlayerThread& m_thread;
+    const PlayerThread& m_thread;
     const Done m_done;
-    const std::shared_ptr<Content> m_content; // shared with the sinks, whose threads fill it
-    bool m_parsing = false;
+    const std::shared_ptr<Content> m_content;
+    bool m_isParsing = false; // else it fetches
     ElementPtr m_pipeline;
     SourcePtr m_busWatch;
-    SourcePtr m_failing; // tells of what failed in the constructor
+    SourcePtr m_failing; // reports later what failed in the constructor
 };
 
 } // namespace media

@@ -73,17 +73,17 @@ std::vector<Subtitles::Request> Subtitles::takeRequests() {
     return requests;
 }
 
-bool Subtitles::finishRequest(size_t number, SubtitleFile file) {
+bool Subtitles::finishRequest(size_t number, SubtitleReader::Outcome file) {
     const std::lock_guard<std::mutex> lock(m_mutex);
     Track& track = m_tracks[number];
-    if (file.failure.empty()) {
+    if (file) {
         track.state = State::READ;
-        track.cues = std::move(file.cues);
-        copyText(track.info.encoding, file.encoding);
+        track.cues = std::move(file->cues);
+        copyText(track.info.encoding, file->encoding);
         return false;
     }
     track.state = State::BROKEN;
-    const std::string text = "subtitles " + track.url + " cannot be shown: " + file.failure;
+    const std::string text = "subtitles " + track.url + " cannot be shown: " + file.reason();
     traceNote(m_player, text);
     MEDIA_LOG_ERROR("player " + std::to_string(m_player) + " " + text);
     if (m_selected != track.info.pid) {

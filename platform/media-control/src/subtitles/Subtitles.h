@@ -45,7 +45,7 @@ public:
     std::vector<Request> takeRequests();
 
     /** The file of a track has been read. @return true when the track was the selected one and is none any more */
-    bool finishRequest(size_t track, SubtitleFile file);
+    bool finishRequest(size_t track, SubtitleReader::Outcome file);
 
     /** The tracks, as Hbbtv_AL_MediaPlayerGetComponents but for `active`. */
     std::vector<Hbbtv_AL_ComponentInfo> list() const;
