@@ -12,12 +12,13 @@
 namespace media {
 namespace {
 
-constexpr const char* OF_A_SOURCE = "media-control-of-a-source";
+// Data of a message: the PlaybackId of the media that it was sent for.
+constexpr const char* PLAYBACK_OF_SOURCE = "media-control-playback-of-source";
 
 enum class Stage { Unknown, Resolving, Connecting, Securing, Asking, Answered };
 
 struct Media {
-    const HttpObserver* key;
+    PlaybackId playback;
     PlayerThread* thread;
     int player;
     std::string url;
@@ -63,20 +64,26 @@ int64_t bytesOf(SoupMessage* message) {
                : -1;
 }
 
+/** @return the playback for whose media the message was sent, NONE when none is known */
+PlaybackId playbackOf(SoupMessage* message) {
+    return static_cast<PlaybackId>(GPOINTER_TO_UINT(g_object_get_data(G_OBJECT(message), PLAYBACK_OF_SOURCE)));
+}
+
 /** @return the media that the message was sent for as its own; null for others. Needs the registry's lock. */
 Media* ownerOf(SoupMessage* message) {
     std::vector<Media>& all = registry().media;
     // A source's message stays the same one when the server sends it to another address.
-    const gpointer known = g_object_get_data(G_OBJECT(message), OF_A_SOURCE);
-    const std::string url = known ? std::string() : textOf(soup_message_get_uri(message));
+    const PlaybackId known = playbackOf(message);
+    const bool isKnown = known != PlaybackId::NONE;
+    const std::string url = isKnown ? std::string() : textOf(soup_message_get_uri(message));
     // Of equals the last: it was started last.
-    const auto found = std::find_if(all.rbegin(), all.rend(), [known, &url](const Media& media) {
-        return known ? media.key == known : media.url == url;
+    const auto found = std::find_if(all.rbegin(), all.rend(), [known, isKnown, &url](const Media& media) {
+        return isKnown ? media.playback == known : media.url == url;
     });
     if (found == all.rend()) {
         return nullptr;
     }
-    g_object_set_data(G_OBJECT(message), OF_A_SOURCE, const_cast<HttpObserver*>(found->key));
+    g_object_set_data(G_OBJECT(message), PLAYBACK_OF_SOURCE, GUINT_TO_POINTER(found->playback));
     return &*found;
 }
 
@@ -98,7 +105,7 @@ gboolean onAnswer(GSignalInvocationHint*, guint, const GValue* values, gpointer)
         owner->stage = Stage::Answered;
         return TRUE;
     }
-    if (!isTraced() || g_object_get_data(G_OBJECT(message), OF_A_SOURCE)) {
+    if (!isTraced() || playbackOf(message) != PlaybackId::NONE) {
         return TRUE; // nobody looks, or it is of a media that is over
     }
     const std::string url = textOf(soup_message_get_uri(message));
@@ -152,24 +159,25 @@ void listenOnce() {
 
 } // namespace
 
-HttpObserver::HttpObserver(PlayerThread& thread, int player, const std::string& url) {
+HttpObserver::HttpObserver(PlayerThread& thread, int player, PlaybackId playback, const std::string& url)
+    : m_playback(playback) {
     listenOnce();
-    const Media media = {this, &thread, player, spelled(url), Stage::Unknown, {}};
+    const Media media = {playback, &thread, player, spelled(url), Stage::Unknown, {}};
     const std::lock_guard<std::mutex> lock(registry().mutex);
     registry().media.push_back(media);
 }
 
 HttpObserver::~HttpObserver() {
     std::vector<Media>& media = registry().media;
+    const auto isOwn = [this](const Media& entry) { return entry.playback == m_playback; };
     const std::lock_guard<std::mutex> lock(registry().mutex);
-    media.erase(std::remove_if(media.begin(), media.end(), [this](const Media& entry) { return entry.key == this; }),
-                media.end());
+    media.erase(std::remove_if(media.begin(), media.end(), isOwn), media.end());
 }
 
 std::string HttpObserver::failure() const {
+    const auto isOwn = [this](const Media& entry) { return entry.playback == m_playback; };
     const std::lock_guard<std::mutex> lock(registry().mutex);
-    const std::vector<Media>& all = registry().media;
-    const auto own = std::find_if(all.begin(), all.end(), [this](const Media& entry) { return entry.key == this; });
+    const auto own = std::find_if(registry().media.begin(), registry().media.end(), isOwn);
     const std::string& peer = own->peer;
     switch (own->stage) {
     case Stage::Resolving:

@@ -2,6 +2,7 @@
 #ifndef MEDIA_CONTROL_HTTPOBSERVER_H
 #define MEDIA_CONTROL_HTTPOBSERVER_H
 
+#include "gst/PlaybackId.h"
 #include "gst/PlayerThread.h"
 
 #include <string>
@@ -16,8 +17,11 @@ namespace media {
  */
 class HttpObserver {
 public:
-    /** @param thread where the answers are traced; outlives this @param url of the media, absolute. Thread: any. */
-    HttpObserver(PlayerThread& thread, int player, const std::string& url);
+    /**
+     * @param thread where the responses are traced; outlives this
+     * @param url    of the media, absolute
+     */
+    HttpObserver(PlayerThread& thread, int player, PlaybackId playback, const std::string& url);
     ~HttpObserver();
 
     HttpObserver(const HttpObserver&) = delete;
@@ -26,6 +30,9 @@ public:
     /** @return for people: what a failed connection for the media's own address failed in; empty when not known. Any
      *          thread. */
     std::string failure() const;
+
+private:
+    const PlaybackId m_playback;
 };
 
 } // namespace media

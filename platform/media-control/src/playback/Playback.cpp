@@ -63,9 +63,9 @@ int bufferLevel(GstMessage* message) {
 Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
     : m_context(context), m_settings(std::move(settings)),
       m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
-      m_videoSink(m_context.picture, m_settings.run),
-      m_connections(m_context.thread, m_context.status.player(), m_settings.url), m_paused(m_settings.paused),
-      m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
+      m_videoSink(m_context.picture, m_settings.playback),
+      m_connections(m_context.thread, m_context.status.player(), m_settings.playback, m_settings.url),
+      m_paused(m_settings.paused), m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
     report(eMEDIA_CALLBACK_CONNECTING);
     if (!buildPipeline()) {
         fail(PlaybackErrorCode::INSUFFICIENT_RESOURCES, missingElementsAdvice());
@@ -88,7 +88,7 @@ bool Playback::buildPipeline() {
     gst_object_ref_sink(playbin);
     ElementPtr pipeline(playbin);
     GstElement* audioSink = makeAudioSink();
-    GstElement* textSink = makeTextSink(m_context.subtitles, m_settings.run);
+    GstElement* textSink = makeTextSink(m_context.subtitles, m_settings.playback);
     if (!audioSink || !textSink || !m_videoSink.element()) {
         return false;
     }
@@ -97,7 +97,7 @@ bool Playback::buildPipeline() {
     g_object_set(playbin, "uri", m_settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
                  "text-sink", textSink, nullptr);
     const auto marks = std::make_shared<TransportStreamInfo>();
-    m_context.components.setMarks(m_settings.run, marks);
+    m_context.components.setMarks(m_settings.playback, marks);
     setUpStreams(playbin, {m_settings.url, m_settings.televisionUserAgent, m_lastActivity, marks});
     noteActivity(m_videoSink.element(), "sink", m_lastActivity);
     noteActivity(audioSink, "sink", m_lastActivity);
@@ -178,7 +178,7 @@ void Playback::onBuffering(GstMessage* message) {
     if (percent != m_bufferPercent) {
         m_bufferPercent = percent;
         *m_lastActivity = g_get_monotonic_time();
-        m_context.status.setBufferLevel(m_settings.run, percent);
+        m_context.status.setBufferLevel(m_settings.playback, percent);
         traceBuffering(m_context.status.player(), percent);
         update();
     }
@@ -212,7 +212,7 @@ void Playback::onEndOfStream() {
     }
     m_finished = true;
     tellState(); // what is left after a seek to the end may be over before the pipeline says that it plays
-    m_context.status.finishRun(m_settings.run);
+    m_context.status.finishPlayback(m_settings.playback);
     report(eMEDIA_CALLBACK_FINISHED);
 }
 
@@ -224,8 +224,8 @@ void Playback::findOrigin() {
     const int64_t video = lastRendered(m_videoSink.sink());
     const int64_t audio = lastRendered(m_audioSink.get());
     m_originMs = std::max<int64_t>(0, video < 0 || audio < 0 ? std::max(video, audio) : std::min(video, audio));
-    m_context.status.setOrigin(m_settings.run, m_originMs);
-    m_context.picture->setOrigin(m_settings.run, m_originMs);
+    m_context.status.setOrigin(m_settings.playback, m_originMs);
+    m_context.picture->setOrigin(m_settings.playback, m_originMs);
 }
 
 void Playback::readMedia() {
@@ -243,7 +243,7 @@ void Playback::readMedia() {
         gst_query_parse_seeking(query, nullptr, &seekable, nullptr, nullptr);
     }
     gst_query_unref(query);
-    m_context.status.setMedia(m_settings.run, m_durationMs, seekable);
+    m_context.status.setMedia(m_settings.playback, m_durationMs, seekable);
 }
 
 /** GStreamer takes a film whose data breaks off for one that has ended. */
@@ -259,13 +259,13 @@ void Playback::fail(PlaybackErrorCode code, const std::string& cause) {
     PlayerStatus& status = m_context.status;
     status.position(); // the last one stays
     releasePipeline();
-    if (!status.isCurrent(m_settings.run)) {
+    if (!status.isCurrent(m_settings.playback)) {
         return;
     }
     const std::string text = "cannot play " + m_settings.url + ": " + cause;
     traceNote(status.player(), text);
     MEDIA_LOG_ERROR("player " + std::to_string(status.player()) + " " + text);
-    status.failRun(m_settings.run);
+    status.failPlayback(m_settings.playback);
     report(eMEDIA_CALLBACK_ERROR, static_cast<int>(code), cause);
 }
 
@@ -279,7 +279,7 @@ void Playback::releasePipeline() {
 }
 
 void Playback::report(eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
-    m_context.status.report(m_settings.run, event, code, detail);
+    m_context.status.report(m_settings.playback, event, code, detail);
 }
 
 } // namespace media

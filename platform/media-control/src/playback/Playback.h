@@ -1,4 +1,4 @@
-/** One run of a player: a pipeline from its start to its end. A new start gets a new one. */
+/** One playback of a player: a pipeline from its start to its end. A new start gets a new one. */
 #ifndef MEDIA_CONTROL_PLAYBACK_H
 #define MEDIA_CONTROL_PLAYBACK_H
 
@@ -21,14 +21,14 @@
 namespace media {
 
 struct PlaybackSettings {
-    unsigned run;
+    PlaybackId playback;
     std::string url;
     bool televisionUserAgent;
     bool paused;   /**< hold the first picture */
-    int toldSpeed; /**< what the page takes the speed for, from a former run */
+    int toldSpeed; /**< the speed last reported to the page, in a former playback */
 };
 
-/** What a run shares with its player. */
+/** What a playback shares with its player. */
 struct PlaybackContext {
     PlayerThread& thread;
     PlayerStatus& status;

@@ -32,7 +32,7 @@ void Playback::select(AVComponentType type, const std::string& stream) {
 void Playback::onStreamCollection(GstMessage* message) {
     GstStreamCollection* collection = nullptr;
     gst_message_parse_stream_collection(message, &collection);
-    m_context.components.setCollection(m_settings.run, CollectionPtr(collection));
+    m_context.components.setCollection(m_settings.playback, CollectionPtr(collection));
 }
 
 void Playback::onStreamsSelected(GstMessage* message) {
@@ -98,10 +98,10 @@ void Playback::showSelection() {
             active[type].clear();
         }
     }
-    m_context.picture->setHidden(m_settings.run, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
+    m_context.picture->setHidden(m_settings.playback, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
     g_object_set(m_pipeline.get(), "mute", m_hidden[AV_COMPONENT_TYPE_AUDIO] ? TRUE : FALSE, nullptr);
     const StreamSelection before = m_context.components.active();
-    m_context.components.setActive(m_settings.run, active);
+    m_context.components.setActive(m_settings.playback, active);
     if (!m_prerolled) {
         return; // the media's own choice
     }

@@ -110,7 +110,7 @@ void Playback::request(std::optional<int64_t> position, int rate, bool tellPosit
     m_request->tellPosition |= tellPosition;
     if (position) {
         m_request->position = position;
-        m_context.status.holdPosition(m_settings.run, *position);
+        m_context.status.holdPosition(m_settings.playback, *position);
     }
 }
 
@@ -152,7 +152,7 @@ void Playback::update() {
     if (issueRequest()) {
         return;
     }
-    m_context.status.followPipeline(m_settings.run, m_pipeline.get());
+    m_context.status.followPipeline(m_settings.playback, m_pipeline.get());
     setTarget(!m_paused && m_bufferPercent >= 100 ? GST_STATE_PLAYING : GST_STATE_PAUSED);
     tellResults();
     tellState();
@@ -183,7 +183,7 @@ bool Playback::issueRequest() {
     if (next.rate < 0 && position == 0) {
         next.rate = 1; // there is nothing before the beginning
     }
-    m_context.status.holdPosition(m_settings.run, position);
+    m_context.status.holdPosition(m_settings.playback, position);
     if (!sendSeek(m_pipeline.get(), next.rate, m_originMs + position)) {
         if (isTraced()) {
             traceNote(m_context.status.player(), "the media cannot go to " + std::to_string(position) +
@@ -199,7 +199,7 @@ bool Playback::issueRequest() {
 }
 
 void Playback::tellResults() {
-    m_context.status.setSpeed(m_settings.run, m_paused ? 0 : m_rate);
+    m_context.status.setSpeed(m_settings.playback, m_paused ? 0 : m_rate);
     if (m_tellPosition) {
         m_tellPosition = false;
         report(eMEDIA_CALLBACK_POSITION_CHANGED);

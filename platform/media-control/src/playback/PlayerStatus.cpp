@@ -34,7 +34,7 @@ void PlayerStatus::forgetMedia() {
     m_duration = -1;
 }
 
-unsigned PlayerStatus::startRun() {
+PlaybackId PlayerStatus::startPlayback() {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_phase = MEDIA_STATE_STARTED;
     m_pipeline.reset();
@@ -44,20 +44,20 @@ unsigned PlayerStatus::startRun() {
     m_seekable = true;
     m_speed = 0;
     m_bufferPercent = 100;
-    return ++m_run;
+    return m_playback = nextPlaybackId();
 }
 
-unsigned PlayerStatus::stopRun() {
+PlaybackId PlayerStatus::stopPlayback() {
     position(); // the last one stays
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_phase == MEDIA_STATE_STOPPED) {
-        return 0;
+        return PlaybackId::NONE;
     }
     m_phase = MEDIA_STATE_STOPPED;
     m_pipeline.reset();
     m_speed = 0;
     m_bufferPercent = 100;
-    return ++m_run;
+    return m_playback = nextPlaybackId();
 }
 
 bool PlayerStatus::isStopped() const {
@@ -94,19 +94,19 @@ bool PlayerStatus::canSeekTo(int ms) const {
 
 int64_t PlayerStatus::position() {
     ElementPtr pipeline;
-    unsigned run = 0;
+    PlaybackId playback = PlaybackId::NONE;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (!m_pipeline) {
             return m_position;
         }
         pipeline = shareElement(m_pipeline.get());
-        run = m_run;
+        playback = m_playback;
     }
     gint64 time = 0;
     const bool known = gst_element_query_position(pipeline.get(), GST_FORMAT_TIME, &time);
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (known && run == m_run && m_pipeline) {
+    if (known && playback == m_playback && m_pipeline) {
         m_position = clamped(time / static_cast<gint64>(GST_MSECOND) - m_origin);
     }
     return m_position;
@@ -128,75 +128,75 @@ MediaState PlayerStatus::read() {
     return {m_phase, m_speed, m_position, m_duration, m_bufferPercent};
 }
 
-unsigned PlayerStatus::run() const {
+PlaybackId PlayerStatus::playback() const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_run;
+    return m_playback;
 }
 
-bool PlayerStatus::isCurrent(unsigned run) const {
+bool PlayerStatus::isCurrent(PlaybackId playback) const {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return run == m_run;
+    return playback == m_playback;
 }
 
-void PlayerStatus::holdPosition(unsigned run, int64_t ms) {
+void PlayerStatus::holdPosition(PlaybackId playback, int64_t ms) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_pipeline.reset();
         m_position = clamped(ms);
     }
 }
 
-void PlayerStatus::followPipeline(unsigned run, GstElement* pipeline) {
+void PlayerStatus::followPipeline(PlaybackId playback, GstElement* pipeline) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_pipeline = shareElement(pipeline);
     }
 }
 
-void PlayerStatus::setOrigin(unsigned run, int64_t ms) {
+void PlayerStatus::setOrigin(PlaybackId playback, int64_t ms) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_origin = ms;
     }
 }
 
-void PlayerStatus::setMedia(unsigned run, int durationMs, bool seekable) {
+void PlayerStatus::setMedia(PlaybackId playback, int durationMs, bool seekable) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_duration = durationMs;
         m_seekable = seekable;
     }
 }
 
-void PlayerStatus::setSpeed(unsigned run, int speed) {
+void PlayerStatus::setSpeed(PlaybackId playback, int speed) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_speed = speed;
     }
 }
 
-void PlayerStatus::setBufferLevel(unsigned run, int percent) {
+void PlayerStatus::setBufferLevel(PlaybackId playback, int percent) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_bufferPercent = percent;
     }
 }
 
-void PlayerStatus::failRun(unsigned run) {
+void PlayerStatus::failPlayback(PlaybackId playback) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    leave(run, MEDIA_STATE_FAILED);
+    leave(playback, MEDIA_STATE_FAILED);
 }
 
-void PlayerStatus::finishRun(unsigned run) {
+void PlayerStatus::finishPlayback(PlaybackId playback) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    leave(run, MEDIA_STATE_FINISHED);
-    if (run == m_run && m_duration > 0) {
+    leave(playback, MEDIA_STATE_FINISHED);
+    if (playback == m_playback && m_duration > 0) {
         m_position = m_duration;
     }
 }
 
-void PlayerStatus::leave(unsigned run, MediaStatePhase phase) {
-    if (run == m_run) {
+void PlayerStatus::leave(PlaybackId playback, MediaStatePhase phase) {
+    if (playback == m_playback) {
         m_phase = phase;
         m_pipeline.reset();
         m_speed = 0;
@@ -204,12 +204,12 @@ void PlayerStatus::leave(unsigned run, MediaStatePhase phase) {
     }
 }
 
-void PlayerStatus::report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
+void PlayerStatus::report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
     Hbbtv_AL_MediaPlayerCallback callback = nullptr;
     void* userData = nullptr;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (run != m_run) {
+        if (playback != m_playback) {
             return;
         }
         callback = m_callback;

@@ -1,13 +1,14 @@
 /**
  * What a player knows without asking its thread, and the way of its reports to the callback.
  *
- * A player plays in runs: each start begins one, Stop ends it. What comes late from a former run is dropped here, so
- * that nothing of it is reported once Stop has returned.
+ * Each start begins a playback, Stop ends it. What comes late from a former playback is dropped here, so that nothing
+ * of it is reported once Stop has returned.
  */
 #ifndef MEDIA_CONTROL_PLAYERSTATUS_H
 #define MEDIA_CONTROL_PLAYERSTATUS_H
 
 #include "gst/GstPointer.h"
+#include "gst/PlaybackId.h"
 #include "media_state.h"
 
 #include <mutex>
@@ -31,11 +32,12 @@ public:
     /** Forgets position and duration: there is new media, not started yet. */
     void forgetMedia();
 
-    /** @return the number of the new run */
-    unsigned startRun();
+    /** @return the id of the new playback */
+    PlaybackId startPlayback();
 
-    /** Ends the run, whatever it does. @return the number that reports of the stop carry, 0 when nothing ran */
-    unsigned stopRun();
+    /** Ends the playback, whatever it does. @return the id that the report of the stop carries, NONE when nothing
+     * played */
+    PlaybackId stopPlayback();
 
     bool isStopped() const;
 
@@ -54,38 +56,38 @@ public:
     /** @return all that observers are told, of one moment */
     MediaState read();
 
-    // For the run that plays, which names itself. Thread: the player's.
+    // For the present playback, which names itself; what another one says is ignored. Thread: the player's.
 
-    bool isCurrent(unsigned run) const;
+    bool isCurrent(PlaybackId playback) const;
 
     /** Position is this until followPipeline: the media is not there yet. */
-    void holdPosition(unsigned run, int64_t ms);
+    void holdPosition(PlaybackId playback, int64_t ms);
 
     /** Position is the pipeline's from now on. */
-    void followPipeline(unsigned run, GstElement* pipeline);
+    void followPipeline(PlaybackId playback, GstElement* pipeline);
 
-    /** Position 0 is there in the pipeline's time. A run starts with 0. */
-    void setOrigin(unsigned run, int64_t ms);
+    /** Position 0 is there in the pipeline's time. A playback starts with 0. */
+    void setOrigin(PlaybackId playback, int64_t ms);
 
     /** @param durationMs 0 when unknown */
-    void setMedia(unsigned run, int durationMs, bool seekable);
-    void setSpeed(unsigned run, int speed);
-    void setBufferLevel(unsigned run, int percent);
+    void setMedia(PlaybackId playback, int durationMs, bool seekable);
+    void setSpeed(PlaybackId playback, int speed);
+    void setBufferLevel(PlaybackId playback, int percent);
 
-    /** The run has failed: no position comes any more. */
-    void failRun(unsigned run);
+    /** The playback has failed: no position comes any more. */
+    void failPlayback(PlaybackId playback);
 
     /** The media has come to its end: the position is the duration. */
-    void finishRun(unsigned run);
+    void finishPlayback(PlaybackId playback);
 
-    /** @return the number of the present run, or of none */
-    unsigned run() const;
+    /** @return the id of the present playback, or the one of its stop, or NONE */
+    PlaybackId playback() const;
 
     /** Calls the callback. @param detail for the trace only, may be empty */
-    void report(unsigned run, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
+    void report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
 
 private:
-    void leave(unsigned run, MediaStatePhase phase);
+    void leave(PlaybackId playback, MediaStatePhase phase);
     int64_t clamped(int64_t ms) const;
 
     const int m_player;
@@ -93,7 +95,7 @@ private:
     Hbbtv_AL_MediaPlayerCallback m_callback = nullptr;
     void* m_userData = nullptr;
     MediaStatePhase m_phase = MEDIA_STATE_STOPPED;
-    unsigned m_run = 0;
+    PlaybackId m_playback = PlaybackId::NONE;
     ElementPtr m_pipeline; // null while the position is held
     int64_t m_position = -1;
     int64_t m_origin = 0;

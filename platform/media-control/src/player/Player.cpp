@@ -142,7 +142,8 @@ bool Player::postSelection(AVComponentType type, const std::string& stream) {
 
 void Player::inject(eMEDIA_CALLBACK_EVENT event, int code) {
     const std::lock_guard<std::mutex> lock(m_commandMutex);
-    post([event, code](Player& player) { player.m_status.report(player.m_status.run(), event, code, "injected"); });
+    post(
+        [event, code](Player& player) { player.m_status.report(player.m_status.playback(), event, code, "injected"); });
 }
 
 void Player::close() {
@@ -168,16 +169,16 @@ void Player::postToPlayback(std::function<void(Playback&)> command) {
 }
 
 void Player::start(bool paused) {
-    PlaybackSettings settings = {m_status.startRun(), m_source, m_televisionUserAgent, paused, 1};
-    m_components.open(settings.run, m_source);
-    m_picture->open(settings.run);
+    PlaybackSettings settings = {m_status.startPlayback(), m_source, m_televisionUserAgent, paused, 1};
+    m_components.open(settings.playback, m_source);
+    m_picture->open(settings.playback);
     post([settings = std::move(settings)](Player& player) { player.startPlayback(settings); });
 }
 
 void Player::startPlayback(PlaybackSettings settings) {
     endPlayback();
     settings.toldSpeed = m_toldSpeed;
-    if (!m_status.isCurrent(settings.run)) {
+    if (!m_status.isCurrent(settings.playback)) {
         return; // stopped before it began
     }
     const std::string& failure = prepareGstreamer();
@@ -188,9 +189,9 @@ void Player::startPlayback(PlaybackSettings settings) {
         return;
     }
     MEDIA_LOG_ERROR(failure);
-    m_status.failRun(settings.run);
-    m_status.report(settings.run, eMEDIA_CALLBACK_ERROR, static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES),
-                    failure);
+    m_status.failPlayback(settings.playback);
+    m_status.report(settings.playback, eMEDIA_CALLBACK_ERROR,
+                    static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES), failure);
 }
 
 void Player::endPlayback() {
@@ -202,8 +203,8 @@ void Player::endPlayback() {
 
 void Player::stopPlayback() {
     const bool hasFinished = m_status.hasFinished();
-    const unsigned run = m_status.stopRun();
-    if (run == 0) {
+    const PlaybackId stopped = m_status.stopPlayback();
+    if (stopped == PlaybackId::NONE) {
         m_picture->close();
         return;
     }
@@ -213,8 +214,8 @@ void Player::stopPlayback() {
         m_picture->close();
     }
     m_components.close();
-    post([run](Player& player) {
-        player.m_status.report(run, eMEDIA_CALLBACK_STOPPED);
+    post([stopped](Player& player) {
+        player.m_status.report(stopped, eMEDIA_CALLBACK_STOPPED);
         player.endPlayback();
         player.m_subtitleReaders.clear();
     });

@@ -60,7 +60,7 @@ bool Player::selectSubtitles(std::optional<int> pid) {
 void Player::startSubtitles(const PlaybackSettings& settings) {
     m_subtitleReaders.clear();
     m_subtitleSettings = settings;
-    m_subtitles->startRun(settings.run);
+    m_subtitles->startPlayback(settings.playback);
     readSubtitles();
 }
 
@@ -78,7 +78,8 @@ void Player::readSubtitles() {
 }
 
 void Player::tellSubtitlesSelected() {
-    m_status.report(m_subtitleSettings.run, eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED, AV_COMPONENT_TYPE_SUBTITLE);
+    m_status.report(m_subtitleSettings.playback, eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED,
+                    AV_COMPONENT_TYPE_SUBTITLE);
     m_picture->tellChange();
 }
 

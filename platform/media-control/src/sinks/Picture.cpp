@@ -34,24 +34,24 @@ int64_t streamTimeMs(GstSample* sample) {
 
 Picture::Picture(int player) : m_player(player), m_window{player, 0, 0, 0, 0} {}
 
-void Picture::open(unsigned run) {
+void Picture::open(PlaybackId playback) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_run = run;
+    m_playback = playback;
     m_origin = 0;
     m_hidden = false;
 }
 
-void Picture::setOrigin(unsigned run, int64_t ms) {
+void Picture::setOrigin(PlaybackId playback, int64_t ms) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_origin = ms;
     }
 }
 
-void Picture::setHidden(unsigned run, bool hidden) {
+void Picture::setHidden(PlaybackId playback, bool hidden) {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (run != m_run || hidden == m_hidden) {
+        if (playback != m_playback || hidden == m_hidden) {
             return;
         }
         m_hidden = hidden;
@@ -61,14 +61,14 @@ void Picture::setHidden(unsigned run, bool hidden) {
 
 void Picture::hold() {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_run = 0;
+    m_playback = PlaybackId::NONE;
 }
 
 void Picture::close() {
     SamplePtr old;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_run = 0;
+        m_playback = PlaybackId::NONE;
         old = std::move(m_sample);
     }
     if (old) {
@@ -76,10 +76,10 @@ void Picture::close() {
     }
 }
 
-void Picture::show(unsigned run, SamplePtr sample) {
+void Picture::show(PlaybackId playback, SamplePtr sample) {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (run != m_run) {
+        if (playback != m_playback) {
             return;
         }
         m_sample.swap(sample);

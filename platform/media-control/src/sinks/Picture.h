@@ -3,6 +3,7 @@
 #define MEDIA_CONTROL_PICTURE_H
 
 #include "gst/GstPointer.h"
+#include "gst/PlaybackId.h"
 #include "media_picture.h"
 
 #include <mutex>
@@ -13,14 +14,14 @@ class Picture {
 public:
     explicit Picture(int player);
 
-    /** Frames of this run are shown from now on. Thread: any, as for all the others. */
-    void open(unsigned run);
+    /** Frames of this playback are shown from now on. Thread: any, as for all the others. */
+    void open(PlaybackId playback);
 
-    /** Position 0 is there in the time of the run's frames. A run starts with 0. */
-    void setOrigin(unsigned run, int64_t ms);
+    /** Position 0 is there in the time of the playback's frames. A playback starts with 0. */
+    void setOrigin(PlaybackId playback, int64_t ms);
 
-    /** Shows no frame, though they come. A run starts with showing them. */
-    void setHidden(unsigned run, bool hidden);
+    /** Shows no frame, though they come. A playback starts with showing them. */
+    void setHidden(PlaybackId playback, bool hidden);
 
     /** Drops the frame and shows none that come late. */
     void close();
@@ -28,8 +29,8 @@ public:
     /** Keeps the frame and shows none that come late. */
     void hold();
 
-    /** A new frame; ignored unless its run is the open one. */
-    void show(unsigned run, SamplePtr sample);
+    /** A new frame; ignored unless its playback is the open one. */
+    void show(PlaybackId playback, SamplePtr sample);
 
     /** @return false when the place is the same as before */
     bool setWindow(int x, int y, int width, int height);
@@ -46,8 +47,8 @@ public:
 
 private:
     const int m_player;
-    mutable std::mutex m_mutex; // guards all below
-    unsigned m_run = 0;         // 0: closed
+    mutable std::mutex m_mutex;               // guards all below
+    PlaybackId m_playback = PlaybackId::NONE; // NONE: closed
     SamplePtr m_sample;
     uint64_t m_serial = 0;
     int64_t m_origin = 0;

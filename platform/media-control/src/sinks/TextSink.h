@@ -9,10 +9,10 @@
 namespace media {
 
 /**
- * @param subtitles gets the cues, marked with `run`, as soon as they are known, which is before they show
+ * @param subtitles gets the cues, marked with `playback`, as soon as they are known, which is before they show
  * @return a new element, or null when GStreamer lacks it
  */
-GstElement* makeTextSink(const std::shared_ptr<Subtitles>& subtitles, unsigned run);
+GstElement* makeTextSink(const std::shared_ptr<Subtitles>& subtitles, PlaybackId playback);
 
 } // namespace media
 

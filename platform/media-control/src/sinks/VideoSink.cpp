@@ -20,7 +20,7 @@ constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter na
 
 } // namespace
 
-VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, unsigned run) : m_picture(picture) {
+VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, PlaybackId playback) : m_picture(picture) {
     GstElement* made =
         gst_parse_bin_from_description_full(DESCRIPTION, TRUE, nullptr, GST_PARSE_FLAG_FATAL_ERRORS, nullptr);
     if (!made) {
@@ -31,8 +31,8 @@ VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, unsigned run) : m_
     const ElementPtr sink(gst_bin_get_by_name(GST_BIN(made), "sink"));
     m_filter = filter.get();
     m_sink = sink.get();
-    handleSamples(m_sink, PrerollSamples::HANDLED, [picture, run](GstElement*, SamplePtr sample) {
-        picture->show(run, std::move(sample));
+    handleSamples(m_sink, PrerollSamples::HANDLED, [picture, playback](GstElement*, SamplePtr sample) {
+        picture->show(playback, std::move(sample));
         return GST_FLOW_OK;
     });
     fitWindow();

@@ -11,8 +11,8 @@ namespace media {
 
 class VideoSink {
 public:
-    /** Builds the elements; `picture` gets the frames, marked with `run`. */
-    VideoSink(const std::shared_ptr<Picture>& picture, unsigned run);
+    /** Builds the elements; `picture` gets the frames, marked with `playback`. */
+    VideoSink(const std::shared_ptr<Picture>& picture, PlaybackId playback);
 
     /** The element to put into the pipeline, or null when a GStreamer element is missing. */
     GstElement* element() const { return m_bin.get(); }

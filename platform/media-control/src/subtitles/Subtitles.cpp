@@ -47,9 +47,9 @@ void Subtitles::startMedia() {
     }
 }
 
-void Subtitles::startRun(unsigned run) {
+void Subtitles::startPlayback(PlaybackId playback) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_run = run;
+    m_playback = playback;
     m_streamCues.clear();
     if (!m_selectedStream.empty()) {
         clearSelection();
@@ -93,9 +93,9 @@ bool Subtitles::finishRequest(size_t number, SubtitleReader::Outcome file) {
     return true;
 }
 
-void Subtitles::addStreamCue(unsigned run, const std::string& stream, GstSample* sample) {
+void Subtitles::addStreamCue(PlaybackId playback, const std::string& stream, GstSample* sample) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_streamCues[stream].add(sample);
     }
 }

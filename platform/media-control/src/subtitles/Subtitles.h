@@ -2,6 +2,7 @@
 #ifndef MEDIA_CONTROL_SUBTITLES_H
 #define MEDIA_CONTROL_SUBTITLES_H
 
+#include "gst/PlaybackId.h"
 #include "medialib_components.h"
 #include "subtitles/SubtitleReader.h"
 
@@ -39,7 +40,7 @@ public:
      * A playback begins: files that could not be read, or were not read to their end, are to be read again, and the
      * media's own subtitles come anew.
      */
-    void startRun(unsigned run);
+    void startPlayback(PlaybackId playback);
 
     /** @return the tracks that nobody has been asked to read */
     std::vector<Request> takeRequests();
@@ -50,8 +51,8 @@ public:
     /** The tracks, as Hbbtv_AL_MediaPlayerGetComponents but for `active`. */
     std::vector<Hbbtv_AL_ComponentInfo> list() const;
 
-    /** A cue of the media's own subtitles; ignored unless its run is the one that began last. */
-    void addStreamCue(unsigned run, const std::string& stream, GstSample* sample);
+    /** A cue of the media's own subtitles; ignored unless its playback is the one that began last. */
+    void addStreamCue(PlaybackId playback, const std::string& stream, GstSample* sample);
 
     /**
      * @param pid    of a track or of one of the media's own streams; none to show nothing
@@ -81,7 +82,7 @@ private:
     std::vector<Track> m_tracks;
     std::optional<int> m_selected; // a pid
     std::string m_selectedStream;  // empty when it is a track's
-    unsigned m_run = 0;
+    PlaybackId m_playback = PlaybackId::NONE;
     std::map<std::string, CueList> m_streamCues; // by stream id
     int m_nextPid = 0x10000;                     // only counts up; far from the pids of a media's own streams
 };

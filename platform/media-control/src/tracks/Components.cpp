@@ -103,9 +103,9 @@ AVComponentType componentType(GstStream* stream) {
     return type & GST_STREAM_TYPE_TEXT && isText(stream) ? AV_COMPONENT_TYPE_SUBTITLE : AV_COMPONENT_TYPE_INVALID;
 }
 
-void Components::open(unsigned run, const std::string& url) {
+void Components::open(PlaybackId playback, const std::string& url) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    forget(run);
+    forget(playback);
     if (url != m_url) {
         m_url = url;
         m_pids.clear();
@@ -114,19 +114,19 @@ void Components::open(unsigned run, const std::string& url) {
 
 void Components::close() {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    forget(0);
+    forget(PlaybackId::NONE);
 }
 
-void Components::forget(unsigned run) {
-    m_run = run;
+void Components::forget(PlaybackId playback) {
+    m_playback = playback;
     m_collection.reset();
     m_marks.reset();
     m_active = {};
 }
 
-void Components::setCollection(unsigned run, CollectionPtr collection) {
+void Components::setCollection(PlaybackId playback, CollectionPtr collection) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_collection = std::move(collection);
         nameStreams();
     }
@@ -142,16 +142,16 @@ void Components::nameStreams() {
     }
 }
 
-void Components::setMarks(unsigned run, std::shared_ptr<const TransportStreamInfo> marks) {
+void Components::setMarks(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> marks) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_marks = std::move(marks);
     }
 }
 
-void Components::setActive(unsigned run, const StreamSelection& active) {
+void Components::setActive(PlaybackId playback, const StreamSelection& active) {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (run == m_run) {
+    if (playback == m_playback) {
         m_active = active;
     }
 }

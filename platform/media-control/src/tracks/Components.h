@@ -3,6 +3,7 @@
 #define MEDIA_CONTROL_COMPONENTS_H
 
 #include "gst/GstPointer.h"
+#include "gst/PlaybackId.h"
 #include "medialib_components.h"
 #include "tracks/TransportStreamInfo.h"
 
@@ -22,16 +23,16 @@ using StreamSelection = std::array<std::string, COMPONENT_TYPES>;
 
 class Components {
 public:
-    /** Nothing is known of the media yet; this run will tell. */
-    void open(unsigned run, const std::string& url);
+    /** Nothing is known of the media yet; this playback will report it. */
+    void open(PlaybackId playback, const std::string& url);
 
-    /** There is no media any more, and what a run tells late is ignored. */
+    /** There is no media any more, and what a playback reports late is ignored. */
     void close();
 
-    /** The media's streams; ignored unless its run is the open one, as for the next two. */
-    void setCollection(unsigned run, CollectionPtr collection);
-    void setMarks(unsigned run, std::shared_ptr<const TransportStreamInfo> marks);
-    void setActive(unsigned run, const StreamSelection& active);
+    /** The media's streams; ignored unless its playback is the open one, as for the next two. */
+    void setCollection(PlaybackId playback, CollectionPtr collection);
+    void setMarks(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> marks);
+    void setActive(PlaybackId playback, const StreamSelection& active);
     StreamSelection active() const;
 
     /** As Hbbtv_AL_MediaPlayerGetComponents. */
@@ -48,17 +49,17 @@ private:
         std::string stream;
         Hbbtv_AL_ComponentInfo info;
     };
-    void forget(unsigned run);
+    void forget(PlaybackId playback);
     void nameStreams();
     std::vector<Entry> entries(AVComponentType type) const;
 
-    mutable std::mutex m_mutex; // guards all below
-    unsigned m_run = 0;         // 0: closed
+    mutable std::mutex m_mutex;               // guards all below
+    PlaybackId m_playback = PlaybackId::NONE; // NONE: closed
     CollectionPtr m_collection;
     std::shared_ptr<const TransportStreamInfo> m_marks; // null for none
     StreamSelection m_active;
     std::string m_url;                 // of the media that m_pids belongs to
-    std::map<std::string, int> m_pids; // by stream id: the same for each run of a media
+    std::map<std::string, int> m_pids; // by stream id: the same for each playback of the media
     int m_lastPid = 0; // only counts up, so that a component that a page has kept is none of the next media's
 };
 
