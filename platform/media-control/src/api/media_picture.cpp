@@ -1,16 +1,21 @@
-// The part of the picture interface that names players.
+// The functions of media_picture.h.
 #include "media_picture.h"
 
 #include "MediaControlExport.h"
 #include "player/PlayerRegistry.h"
+#include "sinks/VideoFrame.h"
 
 using media::PlayerRegistry;
+
+MEDIA_EXPORT void mediaPictureSetCallback(MediaPictureCallback callback, void* userData) {
+    media::setVideoObserver(callback, userData);
+}
 
 MEDIA_EXPORT int mediaPictureWindows(MediaPictureWindow* windows, int capacity) {
     int count = 0;
     for (const auto& player : PlayerRegistry::instance().all()) {
-        if (count < capacity && player->picture().isVisible()) {
-            windows[count++] = player->picture().window();
+        if (count < capacity && player->videoOutput().isVisible()) {
+            windows[count++] = player->videoOutput().window();
         }
     }
     return count;
@@ -18,5 +23,9 @@ MEDIA_EXPORT int mediaPictureWindows(MediaPictureWindow* windows, int capacity) 
 
 MEDIA_EXPORT int mediaPictureAcquire(int player, MediaPicture* picture) {
     const auto found = PlayerRegistry::instance().find(player);
-    return found && found->picture().acquire(*picture) ? 1 : 0;
+    return found && found->videoOutput().acquire(*picture) ? 1 : 0;
+}
+
+MEDIA_EXPORT void mediaPictureRelease(MediaPicture* picture) {
+    media::releaseFrame(*picture);
 }

@@ -1,11 +1,6 @@
 #include "http/MediaRequests.h"
 
-#include "MediaControlExport.h"
 #include "gst/GstPointer.h"
-#include "http/RequestProxy.h"
-#include "http/TrustedCertificates.h"
-#include "media_requests.h"
-#include "trace/MediaLog.h"
 
 #include <cstdlib>
 #include <memory>
@@ -18,10 +13,10 @@ constexpr const char* DEFAULT_USER_AGENT =
     "HbbTV/1.6.1 (; desktop; media-control; " MEDIA_CONTROL_VERSION "; ; avcontrol; )";
 
 struct Settings {
-    std::mutex mutex; // guards all below
+    std::mutex mutex; // guards the two below
     std::string userAgent = DEFAULT_USER_AGENT;
     std::string baseUrl;
-    std::mutex cookieMutex; // guards all below; held during the callback
+    std::mutex cookieMutex; // guards the two below; held during the callback, so that setCookieSource waits for its end
     MediaRequestsCookieCallback cookieCallback = nullptr;
     void* cookieData = nullptr;
 };
@@ -73,32 +68,20 @@ std::string absoluteUrl(const std::string& url) {
     return resolved ? resolved.get() : "";
 }
 
+void setTelevisionUserAgent(const std::string& userAgent) {
+    const std::lock_guard<std::mutex> lock(settings().mutex);
+    settings().userAgent = userAgent.empty() ? DEFAULT_USER_AGENT : userAgent;
+}
+
+void setCookieSource(MediaRequestsCookieCallback callback, void* userData) {
+    const std::lock_guard<std::mutex> lock(settings().cookieMutex);
+    settings().cookieCallback = callback;
+    settings().cookieData = userData;
+}
+
+void setBaseUrl(const std::string& url) {
+    const std::lock_guard<std::mutex> lock(settings().mutex);
+    settings().baseUrl = url;
+}
+
 } // namespace media
-
-MEDIA_EXPORT void mediaRequestsSetUserAgent(const char* userAgent) {
-    const std::lock_guard<std::mutex> lock(media::settings().mutex);
-    media::settings().userAgent = userAgent && *userAgent ? userAgent : media::DEFAULT_USER_AGENT;
-}
-
-MEDIA_EXPORT void mediaRequestsSetCookieCallback(MediaRequestsCookieCallback callback, void* userData) {
-    const std::lock_guard<std::mutex> lock(media::settings().cookieMutex);
-    media::settings().cookieCallback = callback;
-    media::settings().cookieData = userData;
-}
-
-MEDIA_EXPORT void mediaRequestsSetBaseUrl(const char* url) {
-    const std::lock_guard<std::mutex> lock(media::settings().mutex);
-    media::settings().baseUrl = url ? url : "";
-}
-
-MEDIA_EXPORT void mediaRequestsSetProxy(const char* proxy, const char* except) {
-    media::setRequestProxy(proxy ? proxy : "", except ? except : "");
-}
-
-MEDIA_EXPORT int mediaRequestsTrustCertificate(const char* pemFile) {
-    const std::string problem = media::trustCertificates(pemFile ? pemFile : "");
-    if (!problem.empty()) {
-        MEDIA_LOG_ERROR(problem);
-    }
-    return problem.empty() ? 1 : 0;
-}

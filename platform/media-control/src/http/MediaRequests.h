@@ -2,10 +2,21 @@
 #ifndef MEDIA_CONTROL_MEDIAREQUESTS_H
 #define MEDIA_CONTROL_MEDIAREQUESTS_H
 
+#include "media_requests.h"
+
 #include <gst/gst.h>
 #include <string>
 
 namespace media {
+
+/** As mediaRequestsSetUserAgent, with an empty text for null. */
+void setTelevisionUserAgent(const std::string& userAgent);
+
+/** As mediaRequestsSetCookieCallback. */
+void setCookieSource(MediaRequestsCookieCallback callback, void* userData);
+
+/** As mediaRequestsSetBaseUrl, with an empty text for null. */
+void setBaseUrl(const std::string& url);
 
 /**
  * Makes a GStreamer source send what the television sends: its user agent and the cookies of the address. A source that

@@ -6,7 +6,7 @@
 
 namespace {
 
-/** Believes what one of two databases believes. */
+/** Accepts a certificate that either database trusts. */
 struct EitherDatabase {
     GTlsDatabase parent;
     GTlsDatabase* first;
@@ -50,17 +50,19 @@ void either_database_init(EitherDatabase* /*either*/) {}
 
 namespace media {
 
-std::string trustCertificates(const std::string& pemFile) {
+using support::Failure;
+
+support::Result<void, std::string> trustCertificates(const std::string& pemFile) {
     GTlsBackend* backend = g_tls_backend_get_default();
     if (!g_tls_backend_supports_tls(backend)) {
-        return "there is no TLS on this machine; install the package glib-networking";
+        return Failure{std::string("there is no TLS on this machine; install the package glib-networking")};
     }
     const TextPtr path(g_canonicalize_filename(pemFile.c_str(), nullptr));
     GError* reason = nullptr;
     GTlsDatabase* added = g_tls_file_database_new(path.get(), &reason);
     const ErrorPtr error(reason);
     if (!added) {
-        return "the certificates of " + pemFile + " cannot be used: " + error->message;
+        return Failure{"the certificates of " + pemFile + " cannot be used: " + error->message};
     }
     auto* either = static_cast<EitherDatabase*>(g_object_new(either_database_get_type(), nullptr));
     either->first = g_tls_backend_get_default_database(backend);

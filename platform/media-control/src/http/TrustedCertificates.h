@@ -1,6 +1,8 @@
-/** Which web servers are believed beside those that the system believes. */
+/** Web servers that are trusted beside those that the system trusts. */
 #ifndef MEDIA_CONTROL_TRUSTEDCERTIFICATES_H
 #define MEDIA_CONTROL_TRUSTEDCERTIFICATES_H
+
+#include "Result.h"
 
 #include <string>
 
@@ -8,9 +10,9 @@ namespace media {
 
 /**
  * Adds the certificates of a PEM file to those that TLS connections of this process trust.
- * @return empty, or why the file cannot be used. Thread: any.
+ * @return for people: why the file cannot be used. Thread: any.
  */
-std::string trustCertificates(const std::string& pemFile);
+support::Result<void, std::string> trustCertificates(const std::string& pemFile);
 
 } // namespace media
 

@@ -63,7 +63,7 @@ int bufferLevel(GstMessage* message) {
 Playback::Playback(const PlaybackContext& context, PlaybackSettings settings)
     : m_context(context), m_settings(std::move(settings)),
       m_lastActivity(std::make_shared<LastActivity>(g_get_monotonic_time())),
-      m_videoSink(m_context.picture, m_settings.playback),
+      m_videoSink(m_context.videoOutput, m_settings.playback),
       m_connections(m_context.thread, m_context.status.player(), m_settings.playback, m_settings.url),
       m_paused(m_settings.paused), m_toldSpeed(m_settings.paused ? 1 : m_settings.toldSpeed) {
     report(eMEDIA_CALLBACK_CONNECTING);
@@ -225,7 +225,7 @@ void Playback::findOrigin() {
     const int64_t audio = lastRendered(m_audioSink.get());
     m_originMs = std::max<int64_t>(0, video < 0 || audio < 0 ? std::max(video, audio) : std::min(video, audio));
     m_context.status.setOrigin(m_settings.playback, m_originMs);
-    m_context.picture->setOrigin(m_settings.playback, m_originMs);
+    m_context.videoOutput->setOrigin(m_settings.playback, m_originMs);
 }
 
 void Playback::readMedia() {

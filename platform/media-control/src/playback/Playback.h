@@ -8,7 +8,7 @@
 #include "http/HttpObserver.h"
 #include "playback/PlayerStatus.h"
 #include "playback/StreamSetup.h"
-#include "sinks/Picture.h"
+#include "sinks/VideoOutput.h"
 #include "sinks/VideoSink.h"
 #include "subtitles/Subtitles.h"
 #include "tracks/Components.h"
@@ -33,7 +33,7 @@ struct PlaybackContext {
     PlayerThread& thread;
     PlayerStatus& status;
     Components& components;
-    std::shared_ptr<Picture> picture;
+    std::shared_ptr<VideoOutput> videoOutput;
     std::shared_ptr<Subtitles> subtitles;
 };
 

@@ -98,7 +98,7 @@ void Playback::showSelection() {
             active[type].clear();
         }
     }
-    m_context.picture->setHidden(m_settings.playback, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
+    m_context.videoOutput->setHidden(m_settings.playback, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
     g_object_set(m_pipeline.get(), "mute", m_hidden[AV_COMPONENT_TYPE_AUDIO] ? TRUE : FALSE, nullptr);
     const StreamSelection before = m_context.components.active();
     m_context.components.setActive(m_settings.playback, active);

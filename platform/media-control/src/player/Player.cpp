@@ -6,8 +6,8 @@
 namespace media {
 
 Player::Player(int handle)
-    : m_status(handle), m_subtitles(std::make_shared<Subtitles>(handle)), m_picture(std::make_shared<Picture>(handle)),
-      m_thread(PlayerThread::start()) {
+    : m_status(handle), m_subtitles(std::make_shared<Subtitles>(handle)),
+      m_videoOutput(std::make_shared<VideoOutput>(handle)), m_thread(PlayerThread::start()) {
     m_thread->post([] { prepareGstreamer(); });
 }
 
@@ -36,8 +36,8 @@ bool Player::setWindow(int x, int y, int width, int height) {
     if (width < 0 || height < 0) {
         return false;
     }
-    const MediaPictureWindow before = m_picture->window();
-    m_picture->setWindow(x, y, width, height);
+    const MediaPictureWindow before = m_videoOutput->window();
+    m_videoOutput->setWindow(x, y, width, height);
     if (width != before.width || height != before.height) {
         postToPlayback([](Playback& playback) { playback.fitWindow(); });
     }
@@ -171,7 +171,7 @@ void Player::postToPlayback(std::function<void(Playback&)> command) {
 void Player::start(bool paused) {
     PlaybackSettings settings = {m_status.startPlayback(), m_source, m_televisionUserAgent, paused, 1};
     m_components.open(settings.playback, m_source);
-    m_picture->open(settings.playback);
+    m_videoOutput->open(settings.playback);
     post([settings = std::move(settings)](Player& player) { player.startPlayback(settings); });
 }
 
@@ -185,7 +185,7 @@ void Player::startPlayback(PlaybackSettings settings) {
     if (failure.empty()) {
         startSubtitles(settings);
         m_playback = std::make_unique<Playback>(
-            PlaybackContext{*m_thread, m_status, m_components, m_picture, m_subtitles}, settings);
+            PlaybackContext{*m_thread, m_status, m_components, m_videoOutput, m_subtitles}, settings);
         return;
     }
     MEDIA_LOG_ERROR(failure);
@@ -205,13 +205,13 @@ void Player::stopPlayback() {
     const bool hasFinished = m_status.hasFinished();
     const PlaybackId stopped = m_status.stopPlayback();
     if (stopped == PlaybackId::NONE) {
-        m_picture->close();
+        m_videoOutput->clear();
         return;
     }
     if (hasFinished) {
-        m_picture->hold(); // the last picture stays until another comes or a second stop
+        m_videoOutput->freeze(); // the last picture stays until another comes or a second stop
     } else {
-        m_picture->close();
+        m_videoOutput->clear();
     }
     m_components.close();
     post([stopped](Player& player) {

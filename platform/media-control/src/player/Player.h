@@ -5,7 +5,7 @@
 #include "gst/PlayerThread.h"
 #include "playback/Playback.h"
 #include "playback/PlayerStatus.h"
-#include "sinks/Picture.h"
+#include "sinks/VideoOutput.h"
 #include "subtitles/SubtitleReader.h"
 #include "subtitles/Subtitles.h"
 #include "tracks/Components.h"
@@ -50,7 +50,7 @@ public:
     void close();
 
     PlayerStatus& status() { return m_status; }
-    const Picture& picture() const { return *m_picture; }
+    const VideoOutput& videoOutput() const { return *m_videoOutput; }
     const Subtitles& subtitles() const { return *m_subtitles; }
 
     /** As Hbbtv_AL_MediaPlayerGetComponents. */
@@ -74,7 +74,7 @@ private:
     PlayerStatus m_status;
     Components m_components;
     const std::shared_ptr<Subtitles> m_subtitles;
-    const std::shared_ptr<Picture> m_picture;
+    const std::shared_ptr<VideoOutput> m_videoOutput;
     const std::shared_ptr<PlayerThread> m_thread;
     std::mutex m_commandMutex; // guards all below but the last three, and the order of commands
     std::string m_source;

@@ -70,7 +70,7 @@ void Player::readSubtitles() {
             if (m_subtitles->finishRequest(track, std::move(file))) {
                 tellSubtitlesSelected();
             }
-            m_picture->tellChange();
+            m_videoOutput->notifyOverlayChange();
         };
         m_subtitleReaders.push_back(std::make_unique<SubtitleReader>(
             *m_thread, resolved(request.url, m_subtitleSettings.url), m_subtitleSettings.televisionUserAgent, done));
@@ -80,7 +80,7 @@ void Player::readSubtitles() {
 void Player::tellSubtitlesSelected() {
     m_status.report(m_subtitleSettings.playback, eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED,
                     AV_COMPONENT_TYPE_SUBTITLE);
-    m_picture->tellChange();
+    m_videoOutput->notifyOverlayChange();
 }
 
 } // namespace media

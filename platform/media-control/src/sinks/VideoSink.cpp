@@ -9,7 +9,7 @@
 namespace media {
 namespace {
 
-// A page may ask for a window of any size; larger pictures are left to the compositor to scale.
+// A page may ask for a window of any size; larger frames are left to the compositor to scale.
 constexpr double MAX_PIXELS = 1920.0 * 1080.0;
 
 // First the size, with letterbox, then the colours: each has a fast path, which one element for both has not. The sink
@@ -20,7 +20,7 @@ constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter na
 
 } // namespace
 
-VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, PlaybackId playback) : m_picture(picture) {
+VideoSink::VideoSink(const std::shared_ptr<VideoOutput>& output, PlaybackId playback) : m_output(output) {
     GstElement* made =
         gst_parse_bin_from_description_full(DESCRIPTION, TRUE, nullptr, GST_PARSE_FLAG_FATAL_ERRORS, nullptr);
     if (!made) {
@@ -31,8 +31,8 @@ VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, PlaybackId playbac
     const ElementPtr sink(gst_bin_get_by_name(GST_BIN(made), "sink"));
     m_filter = filter.get();
     m_sink = sink.get();
-    handleSamples(m_sink, PrerollSamples::HANDLED, [picture, playback](GstElement*, SamplePtr sample) {
-        picture->show(playback, std::move(sample));
+    handleSamples(m_sink, PrerollSamples::HANDLED, [output, playback](GstElement*, SamplePtr sample) {
+        output->present(playback, std::move(sample));
         return GST_FLOW_OK;
     });
     fitWindow();
@@ -40,7 +40,7 @@ VideoSink::VideoSink(const std::shared_ptr<Picture>& picture, PlaybackId playbac
 
 void VideoSink::fitWindow() {
     const CapsPtr caps(gst_caps_from_string("video/x-raw,pixel-aspect-ratio=1/1"));
-    const MediaPictureWindow window = m_picture->window();
+    const MediaPictureWindow window = m_output->window();
     if (window.width > 0 && window.height > 0) {
         const double pixels = static_cast<double>(window.width) * window.height;
         const double scale = std::min(1.0, std::sqrt(MAX_PIXELS / pixels));
