@@ -20,8 +20,6 @@ static char PluginNameString[256] = "Video Player";
 static char PluginDescriptionString[256] = "Video Player";
 
 static constexpr int32_t NO_PLAYER = -1;
-static constexpr uint32_t SCREEN_WIDTH = 1280;
-static constexpr uint32_t SCREEN_HEIGHT = 720;
 
 const char* VideoPlugin::GetMIMEDescription() {
     LOG("get plugin MIME  = %s\n", MIMEDescriptionString);
@@ -39,9 +37,10 @@ char* VideoPlugin::GetPluginDescriptionString() {
 VideoPlugin::VideoPlugin(char* /*hostUri*/)
     : m_pComponentCollectionHolder(nullptr), m_bSkipJSCallback(false), m_pNpVarProperties(nullptr),
       m_pNpVarListeners(nullptr), m_DOMEventClass(nullptr), m_hPlayer(NO_PLAYER), m_ppsParamValues(nullptr),
-      m_eMediaType(VIDEO), m_ePluginType(HBBTV_VIDEO), m_nX(0), m_nY(0), m_nW(SCREEN_WIDTH), m_nH(SCREEN_HEIGHT),
-      m_bUrlIsQueued(false), m_acQueuedUrlBuffer(), m_nRepeateNum(0), m_bRepeateUtilNum(false),
-      m_bRepeateUntilStop(false), m_bPropertySetUsingAddEventListener(nullptr), m_nMsgHandle(0) {
+      m_eMediaType(VIDEO), m_ePluginType(HBBTV_VIDEO), m_nX(0), m_nY(0), m_nW(HBBTV_SCREEN_WIDTH),
+      m_nH(HBBTV_SCREEN_HEIGHT), m_bUrlIsQueued(false), m_acQueuedUrlBuffer(), m_nRepeateNum(0),
+      m_bRepeateUtilNum(false), m_bRepeateUntilStop(false), m_bPropertySetUsingAddEventListener(nullptr),
+      m_nMsgHandle(0) {
     LOG("cehtml VideoPlugin created starting !!!\n\n");
     openCommunicationChannel(nullptr);
     insetHandleToList(this);

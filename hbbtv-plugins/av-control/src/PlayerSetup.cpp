@@ -5,8 +5,6 @@
 
 #include <string.h>
 
-static constexpr uint32_t FULL_WIDTH = 1280;
-static constexpr uint32_t FULL_HEIGHT = 720;
 static constexpr uint32_t TOO_SHORT_URL = 4;
 
 bool VideoPlugin::SetInput() {
@@ -58,9 +56,9 @@ NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
     }
     const bool isFull = readTruth(m_pNpVarProperties[fullScreen]);
     const InstanceGuard guard(this);
-    if (window->width == FULL_WIDTH && window->height == FULL_HEIGHT && !isFull) {
+    if (window->width == HBBTV_SCREEN_WIDTH && window->height == HBBTV_SCREEN_HEIGHT && !isFull) {
         changeFullScreen(*this, true);
-    } else if (window->width != FULL_WIDTH && window->height != FULL_HEIGHT && isFull) {
+    } else if (window->width != HBBTV_SCREEN_WIDTH && window->height != HBBTV_SCREEN_HEIGHT && isFull) {
         changeFullScreen(*this, false);
     }
     if (!guard.alive()) {
@@ -75,7 +73,7 @@ NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
     m_nY = place.y;
     m_nW = place.width;
     m_nH = place.height;
-    if (m_nW == FULL_WIDTH && m_nH == FULL_HEIGHT) {
+    if (m_nW == HBBTV_SCREEN_WIDTH && m_nH == HBBTV_SCREEN_HEIGHT) {
         m_nX = 0;
         m_nY = 0;
     }
@@ -95,7 +93,7 @@ NPVariant VideoPlugin::SetFullScreen(NPVariant fullscreen) {
     storeInSlot(&m_pNpVarProperties[fullScreen], boolVariant(on));
     if (on) {
         LOG("setFullScreen set player in fullscreen mode\n");
-        SetupPlayer(0, 0, static_cast<int>(FULL_WIDTH), static_cast<int>(FULL_HEIGHT));
+        SetupPlayer(0, 0, HBBTV_SCREEN_WIDTH, HBBTV_SCREEN_HEIGHT);
     } else {
         LOG("setFullScreen  set player not in fullscreen mode\n");
         SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));

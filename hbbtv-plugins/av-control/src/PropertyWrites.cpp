@@ -182,47 +182,30 @@ static void writeLoop(VideoPlugin& plugin, const NPVariant& value) {
     }
 }
 
-static void logStringHandler(int index) {
-    switch (index) {
-    case onPlayStateChange:
-        LOG("onPlayStateChange is string\n\n");
-        break;
-    case onPlayPositionChanged:
-        LOG("Function is string\n\n");
-        break;
-    case onDRMRightsError:
-        LOG("\n onDRMRightsError is string\n\n");
-        break;
-    case onSelectedComponentChange:
-        LOG("onSelectedComponentChange is string\n\n");
-        break;
-    case onSelectedComponentChanged:
-        LOG("onSelectedComponentChanged is string\n\n");
-        break;
-    default:
-        break;
-    }
-}
+/// What is logged when script stores a text or a function in a handler property.
+static constexpr struct HandlerLines {
+    int index;
+    const char* isString;
+    const char* isFunction;
+} handlerLines[] = {
+    {onPlayStateChange, "[%s:%d]:onPlayStateChange is string\n\n", "[%s:%d]:onPlayStateChange is handler set\n\n"},
+    {onPlayPositionChanged, "[%s:%d]:Function is string\n\n", "[%s:%d]:onPlayPositionChanged JS handler set\n\n"},
+    {onDRMRightsError, "[%s:%d]:\n onDRMRightsError is string\n\n", "[%s:%d]:\n onDRMRightsError is handler set\n\n"},
+    {onSelectedComponentChange, "[%s:%d]:onSelectedComponentChange is string\n\n",
+     "[%s:%d]:onSelectedComponentChange is handler set\n\n"},
+    {onSelectedComponentChanged, "[%s:%d]:onSelectedComponentChanged is string\n\n",
+     "[%s:%d]:onSelectedComponentChanged is handler set\n\n"}};
 
-static void logFunctionHandler(int index) {
-    switch (index) {
-    case onPlayStateChange:
-        LOG("onPlayStateChange is handler set\n\n");
-        break;
-    case onPlayPositionChanged:
-        LOG("onPlayPositionChanged JS handler set\n\n");
-        break;
-    case onDRMRightsError:
-        LOG("\n onDRMRightsError is handler set\n\n");
-        break;
-    case onSelectedComponentChange:
-        LOG("onSelectedComponentChange is handler set\n\n");
-        break;
-    case onSelectedComponentChanged:
-        LOG("onSelectedComponentChanged is handler set\n\n");
-        break;
-    default:
-        break;
+static void logHandler(int index, NPVariantType type) {
+    for (const HandlerLines& lines : handlerLines) {
+        if (lines.index != index) {
+            continue;
+        }
+        if (type == NPVariantType_String) {
+            LOG_FORMAT(lines.isString);
+        } else if (type == NPVariantType_Object) {
+            LOG_FORMAT(lines.isFunction);
+        }
     }
 }
 
@@ -259,11 +242,7 @@ bool VideoPlugin::setProperty(NPIdentifier name, const NPVariant* value) {
         writeLoop(*this, *value);
         return true;
     default:
-        if (NPVARIANT_IS_STRING(*value)) {
-            logStringHandler(index);
-        } else if (NPVARIANT_IS_OBJECT(*value)) {
-            logFunctionHandler(index);
-        }
+        logHandler(index, value->type);
         return true;
     }
 }

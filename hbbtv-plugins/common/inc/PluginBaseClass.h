@@ -25,6 +25,10 @@ typedef enum PluginType {
 /** Bytes of the buffer that a caller of PluginBaseClass::getParam provides. */
 #define HBBTV_PARAM_VALUE_SIZE 1025
 
+/** The television's screen, in the pixels of pages and windows. A window of this size is a full-screen window. */
+#define HBBTV_SCREEN_WIDTH 1280
+#define HBBTV_SCREEN_HEIGHT 720
+
 /**
  * One instance of a plug-in. The order of the virtual operations is binary interface.
  *
