@@ -3,10 +3,10 @@
 #include "npapi/engine/BrowserFunctions.h"
 #include "npapi/instance/AsyncCalls.h"
 #include "npapi/instance/ElementRectangle.h"
-#include "npapi/instance/PluginScriptObject.h"
 #include "npapi/instance/PluginTrace.h"
 #include "npapi/page/PageFunction.h"
 #include "npapi/page/PageRecord.h"
+#include "npapi/page/PluginScriptObject.h"
 
 #include <algorithm>
 #include <string.h>

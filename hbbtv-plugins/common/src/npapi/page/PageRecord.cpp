@@ -2,8 +2,8 @@
 
 #include "npapi/engine/BrowserFunctions.h"
 #include "npapi/instance/PluginInstance.h"
-#include "npapi/instance/PluginScriptObject.h"
 #include "npapi/page/PageFunction.h"
+#include "npapi/page/PluginScriptObject.h"
 
 namespace {
 

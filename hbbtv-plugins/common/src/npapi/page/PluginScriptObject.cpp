@@ -1,4 +1,4 @@
-#include "npapi/instance/PluginScriptObject.h"
+#include "npapi/page/PluginScriptObject.h"
 
 #include "npapi/instance/AsyncCalls.h"
 #include "npapi/instance/PluginInstance.h"
