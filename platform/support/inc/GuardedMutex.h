@@ -1,8 +1,8 @@
 /**
  * A mutex that knows what it guards. A field declared `GUARDED_BY(m_mutex)` may be read and written only while a Lock
  * of that mutex lives, a function declared `REQUIRES(m_mutex)` may be called only then, and one declared
- * `EXCLUDES(m_mutex)` only while none does. `./test lint` has clang check it; for other compilers this is a std::mutex
- * and a std::lock_guard.
+ * `EXCLUDES(m_mutex)` only while none does. `./test check lint` has clang check it; for other compilers this is a
+ * std::mutex and a std::lock_guard.
  *
  * To wait for a change, use a std::condition_variable_any with the mutex itself, in a loop:
  *
