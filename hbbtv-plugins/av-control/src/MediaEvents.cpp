@@ -150,6 +150,7 @@ static void notifyRightsError(VideoPlugin& plugin, int errorState) {
     plugin.ExecutePropertyJSFunctionArgs(onDRMRightsError, arguments, 4, false);
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table of the player's reports
 void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
     if (!m_pNpVarProperties) {
         LOG_ERROR("Report %d of the player comes before initialize: it is dropped\n", event);

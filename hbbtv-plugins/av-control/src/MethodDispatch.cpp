@@ -29,6 +29,7 @@ static NPVariant pluginElement(NPP instance) {
     return objectVariant(element);
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table of the methods
 bool VideoPlugin::invoke(NPObject* npobj, NPIdentifier name, const NPVariant* args, uint32_t argCount,
                          NPVariant* result) {
     const int index = HbbTVBaseClass::findIdentifier(piFunctions, FUNCTION_COUNT, name);
