@@ -1,4 +1,4 @@
-/** Plays an address with GStreamer's own playbin3 alone, its pictures scaled to the screen's size and thrown away. */
+/** Plays an address with GStreamer's playbin3 alone, scales its frames to the screen's size and discards them. */
 #include <cstdio>
 #include <gst/gst.h>
 #include <memory>
@@ -6,10 +6,10 @@
 
 namespace {
 
-// As late as the television allows before a picture is dropped, so that both drop the same on a busy machine.
+// Drops frames at the same lateness as the television, so that both drop the same frames on a busy machine.
 constexpr const char* PIPELINE = "playbin3 name=player audio-sink=\"fakesink sync=true\" "
                                  "video-sink=\"videoconvertscale ! video/x-raw,format=BGRx,width=1280,height=720 ! "
-                                 "fakesink name=picture sync=true qos=true max-lateness=20000000\"";
+                                 "fakesink sync=true qos=true max-lateness=20000000\"";
 
 template <typename Object> struct Unref {
     void operator()(Object* object) const { gst_object_unref(object); }

@@ -1,4 +1,4 @@
-/** Serves a page and its media on the loopback interface, from a process whose cost counts for neither player. */
+/** Serves a page and its media on the loopback interface, from a process whose cost is attributed to neither player. */
 #include "server/LoopbackServer.h"
 
 #include <cstdio>
@@ -10,7 +10,7 @@ int main(int argc, char* argv[]) {
     LoopbackServer server;
     if (argc != 3 || !server.mount(std::string(), argv[1]) || !server.mount("media", argv[2])) {
         std::fprintf(stderr, "Usage: serve FOLDER MEDIA_FOLDER\nServes FOLDER as / and MEDIA_FOLDER as /media/, prints "
-                             "the address, and goes on until it is ended.\n");
+                             "the address, and runs until it is killed.\n");
         return 2;
     }
     const int port = server.start();

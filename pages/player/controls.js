@@ -1,9 +1,9 @@
-// The buttons of the page and the focus that the arrow keys move among them.
+// The page's buttons, and the focus, which the arrow keys move.
 var controls = (function () {
   'use strict';
 
   var ROWS = [
-    ['film'], ['sound'], ['subtitles'],
+    ['media'], ['audio'], ['subtitles'],
     ['play', 'pause'], ['back10', 'forward10'], ['stop', 'full'],
     ['reverse', 'speed2'], ['speed4', 'speed8'], ['queue', 'loop']
   ];

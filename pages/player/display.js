@@ -1,4 +1,4 @@
-// What the page shows of an object, besides its picture: state, speed, position, choices; and what the page has to say.
+// What the page shows about an object beside its video: state, speed, position, selections; and the page's messages.
 var display = (function () {
   'use strict';
 
@@ -17,13 +17,13 @@ var display = (function () {
     }
   }
 
-  // One of the modes of the page, which the style sheet knows: full, idle, sound-only.
+  // Switches one of the page's modes, which the style sheet uses: full, idle, audio-only.
   function setMode(name, isOn) {
     var others = document.body.className.split(' ').filter(function (other) { return other && other !== name; });
     document.body.className = (isOn ? others.concat(name) : others).join(' ');
   }
 
-  // Milliseconds as "01:23.4"; what is no number yet as dashes.
+  // Milliseconds as "01:23.4"; dashes until there is a number.
   function timeText(ms) {
     if (typeof ms !== 'number' || ms < 0) {
       return '--:--';
@@ -49,8 +49,8 @@ var display = (function () {
 
   function showChoices(video) {
     var values = {
-      film: films.playedBy(video).title,
-      sound: tracks.chosenName(tracks.sound(video)),
+      media: media.playedBy(video).title,
+      audio: tracks.chosenName(tracks.audio(video)),
       subtitles: tracks.chosenName(tracks.subtitles(video))
     };
     for (var id in values) {
@@ -66,11 +66,11 @@ var display = (function () {
     showChoices: showChoices,
 
     showState: function (video, state) {
-      var film = films.playedBy(video);
+      var item = media.playedBy(video);
       setText('state', STATES[state] + ' (' + state + ')');
       element('state').className = STATE_KINDS[state];
-      setText('badge-form', film.form);
-      setMode('sound-only', !!film.soundOnly);
+      setText('badge-form', item.form);
+      setMode('audio-only', !!item.audioOnly);
       showChoices(video);
       showSpeed(video);
       showPosition(video);

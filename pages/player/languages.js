@@ -1,4 +1,4 @@
-// Names for the languages that a medium's tracks tell as codes of ISO 639-2.
+// Names of languages, for the ISO 639-2 codes of the media's tracks.
 var languageName = (function () {
   'use strict';
 
@@ -16,7 +16,7 @@ var languageName = (function () {
     slo: 'slk', wel: 'cym'
   };
 
-  // The name in the language itself, the code where there is none, "" for a track that tells no language.
+  // The name in the language itself; else the code; "" for a track without a language.
   return function (code) {
     var language = BIBLIOGRAPHIC[code] || code;
     return NAMES[language] || (language === 'und' ? '' : language);

@@ -1,4 +1,4 @@
-// A list over the picture's right side: up and down, Enter chooses, Back leaves it.
+// A list over the right side of the screen: up and down move, Enter selects, Back closes it.
 var menu = (function () {
   'use strict';
 
@@ -17,7 +17,7 @@ var menu = (function () {
     parent.appendChild(span);
   }
 
-  // The part of the list that has the focus in it.
+  // Draws the part of the list that contains the focus.
   function draw() {
     var first = Math.max(0, Math.min(focused - VISIBLE + 2, entries.length - VISIBLE));
     list.innerHTML = '';
@@ -40,7 +40,7 @@ var menu = (function () {
     isOpen: function () { return choose !== null; },
     close: close,
 
-    // entries: [{name, note, chosen}]; onChoose gets the index of the one that was chosen.
+    // entries: [{name, note, chosen}]; onChoose gets the index of the selected entry.
     open: function (name, newEntries, onChoose) {
       title.textContent = name;
       entries = newEntries;

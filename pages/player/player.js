@@ -1,25 +1,25 @@
-// A player page for HbbTV televisions, in the JavaScript that all of them understand.
+// A player page for HbbTV televisions, in JavaScript that all of them understand.
 (function () {
   'use strict';
 
   var STOPPED = 0, PLAYING = 1, PAUSED = 2, CONNECTING = 3, FINISHED = 5, ERROR = 6;
   var ERRORS = [
-    'The television cannot play the format of this film.',
-    'The connection to the film\'s server has failed.',
-    'The film cannot be played, for a reason unknown.',
-    'The television has no decoder to spare for the film.',
-    'The film is damaged.',
-    'The film was not found on its server.',
-    'The film is not to be had at this position.'
+    'The television does not support this format.',
+    'The connection to the server has failed.',
+    'Playback has failed for an unknown reason.',
+    'The television has no free decoder.',
+    'The content is damaged.',
+    'The content was not found on its server.',
+    'The content is not available at this position.'
   ];
-  // Televisions define VK_ names; these are their values where a browser does not.
+  // Televisions define VK_ names. These are the values for browsers that do not.
   var KEY = {
     left: 37, up: 38, right: 39, down: 40, enter: 13, back: 461,
     red: 403, green: 404, yellow: 405, blue: 406, play: 415, pause: 19, stop: 413, fast: 417, rewind: 412
   };
   var STEP_MS = 10000;
   var HIDE_AFTER_MS = 5000;
-  // "infinite" would last until stop(), with no way back in between; a count can be lowered again.
+  // "infinite" lasts until stop(). A count can be lowered before that.
   var MANY_TIMES = 1000;
 
   var say = display.say;
@@ -38,12 +38,12 @@
     element('full').lastChild.nodeValue = video.fullScreen ? 'Window' : 'Full screen';
   }
 
-  function chooseFilm() {
-    var playing = films.playedBy(video);
-    var entries = films.list.map(function (film) {
-      return { name: film.title, note: film.form, chosen: film === playing };
+  function chooseMedia() {
+    var playing = media.playedBy(video);
+    var entries = media.list.map(function (item) {
+      return { name: item.title, note: item.form, chosen: item === playing };
     });
-    menu.open('Film', entries, function (index) { openFilm(films.list[index]); });
+    menu.open('Media', entries, function (index) { openMedia(media.list[index]); });
   }
 
   function chooseTrack(title, entries, hint) {
@@ -54,15 +54,15 @@
     menu.open(title, entries, function (index) { tracks.select(video, entries[index]); });
   }
 
-  function chooseSound() {
-    chooseTrack('Sound', tracks.sound(video), 'There is no sound to choose. Press Play first.');
+  function chooseAudio() {
+    chooseTrack('Audio', tracks.audio(video), 'There is no audio track to select. Press Play first.');
   }
 
   function chooseSubtitles() {
-    chooseTrack('Subtitles', tracks.subtitles(video), 'No subtitles here: choose The voyage, and play it.');
+    chooseTrack('Subtitles', tracks.subtitles(video), 'There are no subtitles. Select and play The voyage.');
   }
 
-  // What the object reports
+  // Reports of the object
 
   function showPosition() {
     display.showPosition(video);
@@ -72,8 +72,8 @@
     if (state === ERROR) {
       queued = null;
       say(ERRORS[video.error] || 'Error ' + video.error + '.', true);
-    } else if (state === CONNECTING && queued && films.playedBy(video) === queued) {
-      say(queued.title + ' begins.');
+    } else if (state === CONNECTING && queued && media.playedBy(video) === queued) {
+      say(queued.title + ' starts.');
       queued = null;
     } else if (state === PLAYING && element('message').className === 'error') {
       say('');
@@ -96,20 +96,20 @@
     video.onSelectedComponentChanged = function () { display.showChoices(video); };
   }
 
-  // Another film, in an object of its own: the type of an object and its subtitles stay what they are.
-  function openFilm(film) {
+  // Opens another media item in a new object, because the type and the subtitles of an object do not change.
+  function openMedia(item) {
     var wasFull = video.fullScreen;
     var former = video;
     video = document.createElement('object');
     video.id = 'video';
-    video.type = film.type;
-    (film.subtitles || []).forEach(function (description) {
+    video.type = item.type;
+    (item.subtitles || []).forEach(function (description) {
       var parameter = document.createElement('param');
       parameter.name = 'subtitles';
       parameter.value = description;
       video.appendChild(parameter);
     });
-    video.data = film.url;
+    video.data = item.url;
     former.parentNode.replaceChild(video, former);
     listen();
     queued = null;
@@ -124,11 +124,11 @@
     showModes();
   }
 
-  // What the buttons and keys do
+  // Actions of the buttons and keys
 
   function play(speed) {
     if (video.playState === ERROR) {
-      video.stop(); // The way out of an error.
+      video.stop(); // Leaves the error state.
     }
     video.play(speed);
     display.showSpeed(video);
@@ -147,7 +147,7 @@
     if (video.seek(target)) {
       say('Moved to ' + display.timeText(target) + '.');
     } else {
-      say('The film cannot be moved to ' + display.timeText(target) + '.');
+      say('Cannot move to ' + display.timeText(target) + '.');
     }
     showPosition();
   }
@@ -162,12 +162,12 @@
 
   function queueNext() {
     var state = video.playState;
-    var next = films.toQueueAfter(video);
+    var next = media.toQueueAfter(video);
     if (state === ERROR) {
       say('Press Play first.');
     } else if (!video.queue(next.url)) {
-      say('A film is queued already.');
-    } else if (state !== STOPPED && state !== FINISHED) { // In those two it has begun.
+      say('The queue is full.');
+    } else if (state !== STOPPED && state !== FINISHED) { // In these states it has started.
       queued = next;
       say(next.title + ' will follow' + (looping ? ' when loop is off.' : '.'));
     }
@@ -177,7 +177,7 @@
   function toggleLoop() {
     looping = !looping;
     video.loop = looping ? MANY_TIMES : 1;
-    say(looping ? 'The film will begin anew at its end.' : 'The film will end at its end.');
+    say(looping ? 'Playback will repeat.' : 'Playback will not repeat.');
     showModes();
   }
 
@@ -186,14 +186,14 @@
   }
 
   function stop() {
-    video.stop(); // Drops a queued film, too.
+    video.stop(); // Also drops queued media.
     queued = null;
     showModes();
   }
 
   var actions = {
-    film: chooseFilm,
-    sound: chooseSound,
+    media: chooseMedia,
+    audio: chooseAudio,
     subtitles: chooseSubtitles,
     play: function () { play(1); },
     pause: function () { video.play(0); },
@@ -269,7 +269,7 @@
     if (code === KEY.back && video.fullScreen) {
       toggleFullScreen();
     } else if (!playKey(code) && (wereHidden || !pageKey(code))) {
-      return wereHidden ? false : undefined; // A key that only brings the controls back does nothing else.
+      return wereHidden ? false : undefined; // A key that shows the hidden controls has no other effect.
     }
     return false;
   };
@@ -277,7 +277,7 @@
   // Start
 
   if (typeof video.playState === 'undefined') {
-    say('This browser has no A/V Control object: it cannot play a film.', true);
+    say('This browser has no A/V Control object, so it cannot play media.', true);
     return;
   }
   listen();

@@ -1,4 +1,4 @@
-// The tracks of an object, as entries of a menu: their name, what else there is to say, and whether they are active.
+// The tracks of an object as entries of a menu: name, note, and whether the track is active.
 var tracks = (function () {
   'use strict';
 
@@ -30,7 +30,7 @@ var tracks = (function () {
   }
 
   return {
-    sound: function (video) {
+    audio: function (video) {
       return entriesOf(video, AUDIO);
     },
 

@@ -1,5 +1,5 @@
-// The films of the page, and which of them an object plays.
-var films = (function () {
+// The media of the page, and which of them an object plays.
+var media = (function () {
   'use strict';
 
   var LIST = [
@@ -13,19 +13,19 @@ var films = (function () {
     { url: 'media/voyage-hls/master.m3u8', type: 'application/vnd.apple.mpegurl', title: 'The voyage', form: 'HLS' },
     { url: 'media/voyage-dash/manifest.mpd', type: 'application/dash+xml', title: 'The voyage', form: 'DASH' },
     { url: 'media/short.mp4', type: 'video/mp4', title: 'Short film', form: 'MP4' },
-    { url: 'media/audio.mp3', type: 'audio/mpeg', title: 'Melody', form: 'MP3', soundOnly: true }
+    { url: 'media/audio.mp3', type: 'audio/mpeg', title: 'Melody', form: 'MP3', audioOnly: true }
   ];
 
   function playedBy(video) {
     var address = String(video.data);
-    return LIST.filter(function (film) { return address.indexOf(film.url) >= 0; })[0] || LIST[0];
+    return LIST.filter(function (item) { return address.indexOf(item.url) >= 0; })[0] || LIST[0];
   }
 
   return {
     list: LIST,
     playedBy: playedBy,
 
-    // What the queue button adds: queued films play in the same object, which is one for video/mp4.
+    // What the queue button adds. Queued media play in the same object, whose type is video/mp4.
     toQueueAfter: function (video) {
       return playedBy(video) === LIST[0] ? LIST[1] : LIST[0];
     }
