@@ -7,10 +7,11 @@ extern "C" {
 #endif
 
 /**
- * Opens the process's message channel; opening an open one changes nothing. Messages for a plug-in instance arrive
- * later through its exported `videoControlHandleNotify`, on the browser's plug-in thread.
+ * Opens the process's message channel. Opening an open channel has no effect. Messages for a plug-in instance arrive
+ * later through the plug-in's exported `videoControlHandleNotify`, on the browser's plug-in thread.
  * @param options reserved, null
- * @return 0 on success; the plug-in does not look at it. Called once for each plug-in instance, on the plug-in thread.
+ * @return 0 on success; the plug-in ignores it
+ * Called once for each plug-in instance, on the plug-in thread.
  */
 int openCommunicationChannel(void* options);
 

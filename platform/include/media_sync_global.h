@@ -1,8 +1,9 @@
 /**
- * The television's media-synchronisation adapter: it is told what a page was told, so that companion screens and
- * synchronised media can follow (HbbTV inter-device synchronisation).
+ * The television's media-synchronisation adapter. It receives the events that a page received, so that companion
+ * screens and synchronised media can follow (HbbTV inter-device synchronisation).
  *
- * Called on the browser's plug-in thread, right after the page's function has returned; results are not looked at.
+ * Called on the browser's plug-in thread, right after the page's function has returned. The plug-in ignores the
+ * results.
  */
 #ifndef MEDIA_SYNC_GLOBAL_H
 #define MEDIA_SYNC_GLOBAL_H
@@ -11,7 +12,7 @@
 extern "C" {
 #endif
 
-/** Which kind of media object a report is about. */
+/** The kind of media object that a report concerns. */
 enum _media_type { BROADCAST = 1, AVCONTROL = 2, HTML5 = 3 };
 
 /**
@@ -21,7 +22,7 @@ enum _media_type { BROADCAST = 1, AVCONTROL = 2, HTML5 = 3 };
  */
 int adapt_play_state_change(int player, int mediaType, int state);
 
-/** @param speed speed in force, 1 is normal */
+/** @param speed current speed, 1 is normal */
 int adapt_play_speed_change(int player, float speed);
 
 /** @param blocked 1 when parental control blocks the content, else 0 */

@@ -1,8 +1,9 @@
 /**
  * The television's logger.
  *
- * The plug-in asks for every line whether the console and the file want it and writes it to each that does. The
- * functions may be called on any thread, several at a time, and must not wait for the plug-in thread.
+ * For every line, the plug-in queries whether the console and the file are enabled for its level, and writes the line
+ * to each that is. The functions may be called on any thread, also concurrently, and must not wait for the plug-in
+ * thread.
  */
 #ifndef TOS_LOG_H
 #define TOS_LOG_H
@@ -11,7 +12,7 @@
 extern "C" {
 #endif
 
-/** How much a line matters. */
+/** Severity of a line. */
 typedef enum TOSLOG_LOGLEVEL {
     TOSLOG_LOGLVL_VERBOSE = 1,
     TOSLOG_LOGLVL_DEBUG = 2,
@@ -35,26 +36,26 @@ typedef enum EN_MODEL_ID_T {
 /**
  * @param module an EN_MODEL_ID_T value
  * @param level  the line's level: 2 ordinary, 3 warning, 5 error
- * @return non-zero when the console wants the line. Asked for every line: answer from memory.
+ * @return non-zero when the console is enabled for the line. Called for every line, so answer from memory.
  */
 int log_is_output(int module, int level);
 
-/** As log_is_output, for the log file. */
+/** Like log_is_output, for the log file. */
 int log_is_outfile(int module, int level);
 
-/** @return the module's mark at the head of its lines; static text, never null. */
+/** @return the marker at the head of the module's lines; static text, never null */
 const char* log_get_cmd(int module);
 
 /**
  * Writes a line to the console.
- * @param process name of the process that the line is for
- * @param cmd     the module's mark, from log_get_cmd
+ * @param process name of the process that the line belongs to
+ * @param cmd     the module's marker, from log_get_cmd
  * @param level   a TOSLOG_LOGLEVEL: 3 for ordinary lines, 4 for warnings, 5 for errors
  * @param format  printf format, beginning with "[%s:%d]:" for function and source line
  */
 int tos_log_printfs(const char* process, const char* cmd, int level, const char* format, ...) TOS_LOG_FORMAT(4, 5);
 
-/** Writes a line to the log file. @param level 2, 3 or 5, as asked of log_is_outfile. Others as tos_log_printfs. */
+/** Writes a line to the log file. @param level 2, 3 or 5, as for log_is_outfile. Others as for tos_log_printfs. */
 int fpi_log_printf(const char* cmd, int level, const char* format, ...) TOS_LOG_FORMAT(3, 4);
 
 #ifdef __cplusplus

@@ -1,8 +1,8 @@
-// Desktop stand-in for the television's logger: console (standard error) and file, each with a threshold of its own.
+// Desktop implementation of the television's logger: console (standard error) and file, each with its own threshold.
 //
-// AVCONTROL_LOG_CONSOLE     off, error, warning or all; warning unless set
-// AVCONTROL_LOG_FILE        path of a file to append to; no file unless set
-// AVCONTROL_LOG_FILE_LEVEL  off, error, warning or all; all unless set
+// AVCONTROL_LOG_CONSOLE     off, error, warning or all; default warning
+// AVCONTROL_LOG_FILE        path of a file to append to; default no file
+// AVCONTROL_LOG_FILE_LEVEL  off, error, warning or all; default all
 #include "tos_log.h"
 
 #include <errno.h>
@@ -17,7 +17,7 @@
 
 namespace {
 
-// Statement levels as log_is_output and log_is_outfile are asked with; a line is wanted from the threshold on.
+// Levels of log_is_output and log_is_outfile. A line is written when its level reaches the threshold.
 constexpr int THRESHOLD_ALL = 0;
 constexpr int THRESHOLD_WARNING = 3;
 constexpr int THRESHOLD_ERROR = 5;
@@ -49,7 +49,7 @@ int thresholdFromEnvironment(const char* variable, int whenUnset) {
     if (!strcmp(value, "all")) {
         return THRESHOLD_ALL;
     }
-    fprintf(stderr, "%s is \"%s\": use off, error, warning or all. It is ignored.\n", variable, value);
+    fprintf(stderr, "%s=\"%s\" is ignored: use off, error, warning or all.\n", variable, value);
     return whenUnset;
 }
 
@@ -61,7 +61,7 @@ void readSettings() {
     }
     settings.file = fopen(path, "ae");
     if (!settings.file) {
-        fprintf(stderr, "AVCONTROL_LOG_FILE \"%s\" cannot be opened: %s. Nothing is logged to a file.\n", path,
+        fprintf(stderr, "AVCONTROL_LOG_FILE=\"%s\" is ignored: the file cannot be opened: %s.\n", path,
                 strerror(errno));
         return;
     }
@@ -74,7 +74,7 @@ const Settings& currentSettings() {
     return settings;
 }
 
-/// Writes one line with time and mark; the blank lines at the end of the plug-in's formats are left out.
+/// Writes one line with time and marker, without the newlines at the end of the plug-in's formats.
 __attribute__((format(printf, 3, 0))) int writeLine(FILE* out, const char* cmd, const char* format, va_list arguments) {
     char line[4096];
     if (vsnprintf(line, sizeof line, format, arguments) < 0) {

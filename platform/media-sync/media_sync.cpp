@@ -1,4 +1,4 @@
-// Desktop stand-in for the media-synchronisation adapter: no companion screen follows, the reports end here.
+// Desktop implementation of the media-synchronisation adapter: there is no companion screen, so it drops the reports.
 #include "media_sync_global.h"
 
 #define MEDIA_SYNC_EXPORT __attribute__((visibility("default")))

@@ -1,4 +1,4 @@
-// Desktop stand-in for the television's message channel: one process, nobody to talk to.
+// Desktop implementation of the television's message channel: there is only one process, so it does nothing.
 #include "hbbtvMsg.h"
 
 __attribute__((visibility("default"))) int openCommunicationChannel(void* /*options*/) {

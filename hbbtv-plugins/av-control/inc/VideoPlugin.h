@@ -1,7 +1,7 @@
 /**
  * The A/V Control object of a page (OIPF DAE, CE-HTML "A/V Control object"): `<object type="video/mp4" ...>`.
  *
- * The plug-in framework constructs one VideoPlugin for each such element and calls its virtual operations; the player
+ * The plug-in framework constructs one VideoPlugin for each such element and calls its virtual operations. The player
  * reports to it through the adaptation layer. Names, fields and the order of the virtual operations are interface:
  * programs are compiled against this header and linked to avcontrol-plugin.so.
  */
@@ -93,18 +93,18 @@ typedef enum ListenerNames_e {
     ParentalRatingChange = 9
 } ListenerNames_e;
 
-/** The DOM events that the object can name. */
+/** The DOM events of DispatchDomEvent. */
 typedef enum DOMEvents_e { FOCUS = 0, BLUR = 1, PLAY_STATE_CHANGE = 2, FULLSCREEN_CHANGE = 3 } DOMEvents_e;
 
-/** Kind of media that the element's `type` declares. */
+/** The kind of media that the element's `type` declares. */
 typedef enum MediaType_e { VIDEO = 0, AUDIO = 1 } MediaType;
 
 /** Values of `playState` (OIPF DAE). */
 typedef enum PlayStates_e {
-    MP_STOPPED = 0,    /**< no playback; at first, after stop() and after a new `data` */
+    MP_STOPPED = 0,    /**< no playback: initially, after stop() and after a new `data` */
     MP_PLAYING = 1,    /**< the player reported that it plays */
     MP_PAUSED = 2,     /**< paused by play(0) */
-    MP_CONNECTING = 3, /**< a start was handed to the player, whose report is awaited */
+    MP_CONNECTING = 3, /**< playback was started, and the player has not reported yet */
     MP_BUFFERING = 4,  /**< the player reported buffering, or a seek was started while playing */
     MP_FINISHED = 5,   /**< the player reported the end of the media */
     MP_ERROR = 6       /**< a command was refused, or the player reported an error */
@@ -123,20 +123,20 @@ typedef enum ErrorTypes_e {
 
 class VideoPlugin;
 
-/** A node of the registry of live instances. */
+/** A node in the registry of live instances. */
 typedef struct pluginHandleList {
     VideoPlugin* handle;
     struct pluginHandleList* next;
 } pluginHandleList;
 
-/** What the platform's message channel passes to videoControlHandleNotify. */
+/** The argument that the platform's message channel passes to videoControlHandleNotify. */
 typedef struct cbArguments {
-    void* objectHandler; /**< the VideoPlugin that the message is for; must be alive */
+    void* objectHandler; /**< the VideoPlugin that receives the message; must be alive */
     int32_t operationID; /**< not used */
     void* data;          /**< not used */
 } cbArguments;
 
-/** A player's report on its way to the plug-in thread. From malloc. */
+/** A player's report on its way to the plug-in thread. Allocated with malloc. */
 typedef struct callbackData {
     VideoPlugin* objectHandle;
     uint32_t playerId;
@@ -145,7 +145,7 @@ typedef struct callbackData {
     void* data; /**< null or from malloc; freed with the record */
 } callbackData;
 
-/** A notification that the object itself caused, on its way to a later turn of the plug-in thread. From malloc. */
+/** A notification of the object itself, for a later turn of the plug-in thread. Allocated with malloc. */
 typedef struct eventData {
     VideoPlugin* objectHandle;
     int32_t event; /**< onPlayStateChange or onPlayPositionChanged */
@@ -161,24 +161,24 @@ typedef struct posChangedData {
 } posChangedData;
 
 /**
- * One A/V Control object. Everything runs on the browser's plug-in thread; only the player's callback comes from
- * another thread, and it only hands a copy over.
+ * One A/V Control object. Everything runs on the browser's plug-in thread, except the player's callback, which only
+ * queues a copy of the report for the plug-in thread.
  *
- * Arguments of the operations behind script methods are passed by value and stay the caller's; a returned String or
- * Object is the caller's to release.
+ * The operations behind script methods take their arguments by value; the caller keeps ownership. The caller releases a
+ * returned String or Object.
  */
 class HBBTV_EXPORT VideoPlugin : public PluginBaseClass {
 public:
-    /** @return the MIME types that the plug-in serves, "type:extension:description;..."; static text */
+    /** @return the MIME types of the plug-in, "type:extension:description;..."; static text */
     static const char* GetMIMEDescription();
     /** @return "Video Player"; static text, not to be changed */
     static char* GetPluginNameString();
     /** @return "Video Player"; static text, not to be changed */
     static char* GetPluginDescriptionString();
 
-    /** Registers the instance and opens its player. @param hostUri not used; the page's address is asked when needed */
+    /** Registers the instance and opens its player. @param hostUri not used; see GetPageUrl */
     explicit VideoPlugin(char* hostUri);
-    /** Stops and closes the player and releases everything. No function of the page is called any more. */
+    /** Stops and closes the player and releases everything. Calls no function of the page any more. */
     ~VideoPlugin() override;
 
     bool initialize(NPMIMEType pluginType, NPP instance, uint16_t mode, int16_t argc, char** argn, char** argv,
@@ -196,42 +196,42 @@ public:
     NPError setWindow(NPP instance, NPWindow* window) override;
     bool dispatch(NPObject* npobj, const NPVariant* args, uint32_t argCount, NPVariant* result) override;
 
-    /** Builds the script state: identifiers, slots, parameter store, component holder, event object. */
+    /** Creates the script state: identifiers, slots, parameter store, component holder, event object. */
     void Allocate();
-    /** Asks the browser for a value; parameters and result as NPN_GetValue. */
+    /** Calls NPN_GetValue; same parameters and result. */
     int PluginGetValue(NPP instance, NPNVariable var, void* value);
     /** @return the owner of the event object, null before initialize */
     HbbTVAVControlDOMEventClass* getDOMEventClass();
-    /** @param handler handle that the message channel gave to this instance */
+    /** @param handler the handle that the message channel assigned to this instance */
     void SetMsgHandler(int handler);
 
-    /** Stores a play state; tells nobody. @param state PlayStates_e */
+    /** Stores a play state without a notification. @param state PlayStates_e */
     void SetPlayState(int state);
-    /** Stores the speed as a Double; tells nobody. */
+    /** Stores the speed as a Double without a notification. */
     void SetSpeed(double Speed);
-    /** Stores the error. @param Error ErrorTypes_e, or whatever code the player reported */
+    /** Stores the error. @param Error ErrorTypes_e, or any other code that the player reported */
     void SetError(int Error);
-    /** @return the `speed` slot, owned by the object */
+    /** @return the `speed` slot; the object keeps ownership */
     NPVariant* GetSpeedProperty();
-    /** @return the `error` slot, owned by the object */
+    /** @return the `error` slot; the object keeps ownership */
     NPVariant* GetErrorProperty();
 
     /** Reserved name of the interface, not defined: the constructor opens the player. */
     void CreatePlayer();
-    /** Hands the URL in `data` to the player. @return false when it is no http(s) URL or too long */
+    /** Passes the URL in `data` to the player. @return false when it contains no "http" or is too long */
     bool SetInput();
-    /** Places the player's picture and publishes its size as `width` and `height`. Pixels. @return true */
+    /** Sets the player's rectangle, in pixels, and stores its size in `width` and `height`. @return true */
     bool SetupPlayer(int x, int y, int w, int h);
-    /** @param fullscreen Bool, or a number whose truth counts. @return Bool true */
+    /** @param fullscreen Bool, or a number taken as a truth value; others are false. @return Bool true */
     NPVariant SetFullScreen(NPVariant fullscreen);
     /** Stops the player without closing it. */
     void DestoryPlayer();
 
     /** @param npSpeed Int32 or Double, 0 pauses; other types count as 0. @return Bool true */
     NPVariant Play(NPVariant npSpeed);
-    /** @return Bool, true when the player stopped */
+    /** @return Bool, true when the player has stopped */
     NPVariant Stop();
-    /** @param pos milliseconds. @return true when the position may be sought */
+    /** @param pos milliseconds. @return true when a seek to the position is possible */
     bool CheckSeekPos(int pos);
     /** @param pos Double, milliseconds; other types are refused. @return Bool, true when the seek was started */
     NPVariant Seek(NPVariant pos);
@@ -248,10 +248,10 @@ public:
     /** @return String "undefined" */
     NPVariant SetTransportStateVariables(NPVariant stateVariableValuePairs);
 
-    /** Names the media to follow. @param url String of at most 1023 bytes; other types empty the queue. @return Bool */
+    /** Queues the next media. @param url String of at most 1023 bytes; other types empty the queue. @return Bool */
     NPVariant Queue(NPVariant url);
 
-    /** Applies a player's report. @param event eMEDIA_CALLBACK_EVENT. @param pData not looked at, the caller's */
+    /** Applies a player's report. @param event eMEDIA_CALLBACK_EVENT. @param pData ignored; the caller keeps it */
     void MediaCallback(int event, int code, void* pData);
 
     void AddEventListener(NPVariant npType, NPVariant npListener, NPVariant npUseCapture);
@@ -261,17 +261,17 @@ public:
     /** @param index ListenerNames_e. @return true when a listener is registered for it */
     bool GetIsPropertySetFromListener(unsigned int index);
     /**
-     * Calls the function in a slot and reports play state, speed and parental rating to media synchronisation.
+     * Calls the function in a slot, and reports play state, speed and parental rating to media synchronisation.
      * @param property   ListenerNames_e when `isListener`, else PropertyNames_e; others are refused
-     * @param args       `arg_cnt` values, the caller's; null when there are none
-     * @return true when a function was called and succeeded
+     * @param args       `arg_cnt` values, which belong to the caller; null when there are none
+     * @return true when the function was called and succeeded
      * The function may delete this object.
      */
     bool ExecutePropertyJSFunctionArgs(int property, NPVariant* args, int arg_cnt, bool isListener);
-    /** Calls `onDRMRightsError`. @param contentID,DRMSystemID,rightsIssuerURL zero-terminated, the caller's */
+    /** Calls `onDRMRightsError`. @param contentID,DRMSystemID,rightsIssuerURL zero-terminated; belong to the caller */
     void onDRMRightsErrorFun(int errorState, char* contentID, char* DRMSystemID, char* rightsIssuerURL);
 
-    /** Raises a DOM "focus" event on `obj`. @param EventType DOMEvents_e, named in the log only. @return true */
+    /** Raises a DOM "focus" event on `obj`. @param EventType DOMEvents_e, for the log only. @return true */
     bool DispatchDomEvent(int EventType, NPObject* obj);
     /** @return Void */
     NPVariant Focus(NPObject* obj);
@@ -284,23 +284,23 @@ public:
     void SelectComponent(NPVariant npComponent);
     /** @param npComponent Object of a component collection */
     void UnSelectComponent(NPVariant npComponent);
-    /** @param componentType Int32 or Double, judged by the player */
+    /** @param componentType Int32 or Double; the player validates it */
     void SelectDefaultComponent(NPVariant componentType);
-    /** @param componentType Int32 or Double, judged by the player */
+    /** @param componentType Int32 or Double; the player validates it */
     void UnSelectDefaultComponent(NPVariant componentType);
     /** Calls `onSelectedComponentChanged`. @param type component type */
     void onSelectedComponentChangedFun(int type);
 
     /**
-     * Parses a subtitle track description: "srclang:", "laber:" and "src:", each followed by its value up to a blank
-     * or a tab, anywhere in the text.
+     * Parses the description of a subtitle track: "srclang:", "laber:" and "src:" anywhere in the text, each followed
+     * by its value, which ends at a blank or tab.
      * @param pSub           zero-terminated text
-     * @param pSubProperties record whose named fields are filled, cut at their size; others stay
+     * @param pSubProperties record; fields in the description are filled, cut at their sizes; others are unchanged
      */
     static void getSubtitleProperties(char* pSub, sub_properties_t* pSubProperties);
 
     HbbTVComponentCollectionHolderClass* m_pComponentCollectionHolder; /**< owned */
-    bool m_bSkipJSCallback;                                            /**< no function of the page may be called */
+    bool m_bSkipJSCallback;                                            /**< blocks calls of the page's functions */
     NPVariant* m_pNpVarProperties;                                     /**< owned, indexed by PropertyNames_e */
     NPVariant* m_pNpVarListeners;                                      /**< owned, indexed by ListenerNames_e */
     HbbTVAVControlDOMEventClass* m_DOMEventClass;                      /**< owned */
@@ -308,29 +308,29 @@ public:
     char** m_ppsParamValues;                                           /**< owned, one entry per parameter name */
     MediaType m_eMediaType;
     PluginType m_ePluginType;
-    int32_t m_nX; /**< the rectangle that the browser assigned, pixels */
+    int32_t m_nX; /**< rectangle from the browser, pixels */
     int32_t m_nY;
     uint32_t m_nW;
     uint32_t m_nH;
     bool m_bUrlIsQueued;
-    char m_acQueuedUrlBuffer[1024]; /**< meaningful while m_bUrlIsQueued */
+    char m_acQueuedUrlBuffer[1024]; /**< valid while m_bUrlIsQueued */
     int32_t m_nRepeateNum;          /**< plays left while m_bRepeateUtilNum */
     bool m_bRepeateUtilNum;
     bool m_bRepeateUntilStop;
     bool* m_bPropertySetUsingAddEventListener; /**< owned, indexed by ListenerNames_e */
-    int32_t m_nMsgHandle;                      /**< given by the platform's message channel */
+    int32_t m_nMsgHandle;                      /**< from the platform's message channel */
 };
 
 extern "C" {
 
-/** Registers with the adaptation layer's resource messages. Called by the platform. */
+/** Registers for the adaptation layer's resource messages. Called by the platform. */
 HBBTV_EXPORT void regMediaPlayerResourceCallback();
 
-/** Hook of the platform for cleaning up an instance; only writes log lines. @param objectHandle the VideoPlugin */
+/** Platform hook for cleaning up an instance; only writes log lines. @param objectHandle the VideoPlugin */
 HBBTV_EXPORT void videoInstanceCleanerFunction(void* objectHandle);
 
 /**
- * Notification of the message channel: stores the handle in the instance that the record names.
+ * Receives a notification of the message channel and stores the handle in the record's instance.
  * @param cb_arguments cbArguments; null, or a null instance in it, is refused with a log line
  * @return 0
  */

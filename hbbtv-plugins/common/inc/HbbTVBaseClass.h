@@ -1,11 +1,11 @@
-/** Base of the classes behind script objects: the operations on NPVariant properties that they share. */
+/** Base of the classes behind script objects: their common operations on NPVariant values and records. */
 #ifndef HBBTVBASECLASS_H
 #define HBBTVBASECLASS_H
 
 #include "HbbTVExport.h"
 #include "HbbTVObjectsTypes.h"
 
-/** Has no fields and no virtual operations: an owner's first field is the first of its own. */
+/** Has no fields and no virtual operations, so that the first field of a derived class is its own. */
 class HBBTV_EXPORT HbbTVBaseClass {
 public:
     HbbTVBaseClass();
@@ -22,32 +22,32 @@ public:
 
     /**
      * Copies a value so that the receiver owns it: a String into a new buffer of the same length, an Object with a
-     * reference of its own, every other type as it is. What `copy` held before is not looked at.
-     * @return false without memory; `copy` is then untouched
+     * reference of its own, every other type unchanged. Does not release the former value of `copy`.
+     * @return false without memory; `copy` is then unchanged
      */
     static bool copyVariant(const NPVariant& value, NPVariant* copy);
 
-    /** Makes a String value of zero-terminated text. @return false without memory; `result` is then untouched */
+    /** Creates a String value from zero-terminated text. @return false without memory; `result` is then unchanged */
     static bool makeString(const char* text, NPVariant* result);
 
     /**
-     * Makes a script object whose record is allocated by its class's `allocate` (allocateRecord).
-     * @param owner the object behind it, which must call detachRecord before it goes
-     * @return the record with one reference, the caller's, or null without memory
+     * Creates a script object, whose record the class's `allocate` (allocateRecord) allocates.
+     * @param owner the object behind it, which must call detachRecord before it is destroyed
+     * @return the record with one reference for the caller, or null without memory
      */
     static NPObjectHbbTV* createRecord(NPP instance, NPClass* npClass, int type, int id, void* owner);
 
-    /** Parts a record from its owner and gives the owner's reference back. @param record may be null */
+    /** Detaches a record from its owner and releases the owner's reference. @param record may be null */
     static void detachRecord(NPObjectHbbTV* record);
 
-    /** `allocate` of the classes that createRecord is used with. */
+    /** `allocate` of the classes for createRecord. */
     static NPObject* allocateRecord(NPP instance, NPClass* npClass);
 
-    /** `deallocate` of the classes that createRecord is used with. */
+    /** `deallocate` of the classes for createRecord. */
     static void deallocateRecord(NPObject* record);
 
     /**
-     * Tells the framework's own script objects from any other, looking at nothing but the object's class.
+     * Distinguishes the framework's script objects from all others. Reads only the object's class.
      * @param object any script object, or null
      * @return true when it is an NPObjectHbbTV of this framework
      */

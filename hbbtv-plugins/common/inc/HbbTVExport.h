@@ -1,4 +1,4 @@
-/** Marks what a library offers to others; everything else is hidden. */
+/** Marks what a library exports; everything else is hidden. */
 #ifndef HBBTVEXPORT_H
 #define HBBTVEXPORT_H
 

@@ -1,4 +1,4 @@
-/** The one form in which the plug-ins and their framework write log lines. */
+/** The common form of the log lines of the plug-ins and their framework. */
 #ifndef HBBTVHELPERMACROS_H
 #define HBBTVHELPERMACROS_H
 
@@ -6,23 +6,23 @@
 
 #include "tos_log.h"
 
-/** @return the module's mark when the console wants lines of this level, else null */
+/** @return the module's marker when the console is enabled for this level, else null */
 HBBTV_EXPORT const char* hbbtvConsoleMark(int module, int level);
 
-/** As hbbtvConsoleMark, for the log file. */
+/** Like hbbtvConsoleMark, for the log file. */
 HBBTV_EXPORT const char* hbbtvFileMark(int module, int level);
 
-/** Writes a line without arguments to both outputs. @param format takes `function` and `line` */
+/** Writes a line without arguments to each enabled output. @param format takes `function` and `line` */
 HBBTV_EXPORT void hbbtvLogPlainLine(int module, int level, int console_level, const char* format, const char* function,
                                     int line);
 
 /**
- * Writes one line to the console logger and to the file logger, each only if it wants lines of this level.
+ * Writes one line to the console logger and to the file logger, each only if it is enabled for this level.
  * @param module        EN_MODEL_ID_T of the writer
- * @param level         2 ordinary, 3 warning, 5 error: what both outputs are asked for, and the file's level
- * @param console_level TOSLOG_LOGLEVEL under which the console shows it
+ * @param level         2 ordinary, 3 warning, 5 error: the level for both queries and for the file's line
+ * @param console_level TOSLOG_LOGLEVEL of the console's line
  * @param ...           format, a string literal without its "[%s:%d]:" head, and at most 7 arguments, which are
- *                      evaluated once for each output that is on
+ *                      evaluated once for each enabled output
  */
 #define HBBTV_LOG_LINE(module, level, console_level, ...)                                                              \
     HBBTV_LOG_NINTH(__VA_ARGS__, HBBTV_LOG_N, HBBTV_LOG_N, HBBTV_LOG_N, HBBTV_LOG_N, HBBTV_LOG_N, HBBTV_LOG_N,         \
@@ -34,8 +34,8 @@ HBBTV_EXPORT void hbbtvLogPlainLine(int module, int level, int console_level, co
 #define HBBTV_LOG_WARN(module, ...) HBBTV_LOG_LINE(module, 3, TOSLOG_LOGLVL_WARN, __VA_ARGS__)
 #define HBBTV_LOG_ERROR(module, ...) HBBTV_LOG_LINE(module, 5, TOSLOG_LOGLVL_ERROR, __VA_ARGS__)
 
-// Lines with and without arguments, told apart by counting. Most lines have none: a function keeps each of them small,
-// while the others expand to the loggers' own calls, whose formats the compiler checks.
+// Selects by the number of arguments. Most lines have none: a function keeps each of these small. The others expand to
+// calls of the loggers, whose formats the compiler checks.
 #define HBBTV_LOG_NINTH(_1, _2, _3, _4, _5, _6, _7, _8, ninth, ...) ninth
 #define HBBTV_LOG_1(module, level, console_level, format)                                                              \
     hbbtvLogPlainLine(module, level, console_level, "[%s:%d]:" format, __func__, __LINE__)

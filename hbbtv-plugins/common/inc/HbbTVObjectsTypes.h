@@ -1,4 +1,4 @@
-/** What the script objects of all plug-ins have in common. */
+/** Types that the script objects of all plug-ins share. */
 #ifndef HBBTVOBJECTSTYPES_H
 #define HBBTVOBJECTSTYPES_H
 
@@ -6,7 +6,7 @@
 
 #include <stddef.h>
 
-/** What script may do with a property. */
+/** Access of script to a property. */
 typedef enum AccessRight_e {
     R = -1, /**< read only */
     RW = 0, /**< read and write */
@@ -35,9 +35,9 @@ typedef enum ClassDOMEventNPObjectType_e {
 } ClassDOMEventNPObjectType_e;
 
 /**
- * A script object of the plug-ins, as the browser and script see it. Begins as an NPObject does, so that a pointer to
- * the record is handed out as the object. From NPN_MemAlloc; lives until its last reference has been given back,
- * which may be long after its owner has gone: `objectInstancePtr` is then null and it answers nothing.
+ * A script object of the plug-ins, as the browser and script see it. It begins like an NPObject, so that a pointer to
+ * the record serves as the object. Allocated with NPN_MemAlloc. It lives until its last reference is released, which
+ * may be long after its owner is gone: `objectInstancePtr` is then null, and the object has no property values.
  */
 typedef struct NPObjectHbbTV {
     NPClass* _class;         /**< behaviour; as in NPObject */
@@ -45,7 +45,7 @@ typedef struct NPObjectHbbTV {
     NPObject* npObject;      /**< the object that NPN_CreateObject returned */
     int typeNPObject;        /**< one of the kinds above */
     int IdNPObject;          /**< identifier within its kind */
-    void* objectInstancePtr; /**< the owner on the plug-in's side, of the class that belongs to the kind */
+    void* objectInstancePtr; /**< the owner on the plug-in's side; its class depends on the kind */
 } NPObjectHbbTV;
 
 static_assert(offsetof(NPObjectHbbTV, _class) == offsetof(NPObject, _class), "begins as an NPObject");

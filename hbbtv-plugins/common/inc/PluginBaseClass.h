@@ -1,4 +1,4 @@
-/** What the plug-in framework asks of a plug-in. */
+/** The interface of a plug-in to the plug-in framework. */
 #ifndef PLUGINBASECLASS_H
 #define PLUGINBASECLASS_H
 
@@ -22,7 +22,7 @@ typedef enum PluginType {
     UNKNOWN_PLUGIN_TYPE = 10
 } PluginType;
 
-/** Bytes of the buffer that a caller of PluginBaseClass::getParam provides. */
+/** Size in bytes of the buffer that a caller of PluginBaseClass::getParam provides. */
 #define HBBTV_PARAM_VALUE_SIZE 1025
 
 /** The television's screen, in the pixels of pages and windows. A window of this size is a full-screen window. */
@@ -33,8 +33,8 @@ typedef enum PluginType {
  * One instance of a plug-in. The order of the virtual operations is binary interface.
  *
  * All operations are called on the browser's plug-in thread. The framework constructs an instance, calls initialize
- * once, then setParam for each attribute and param element, then the others as the page and the engine ask. Any of
- * them may call script, and that script may have the instance deleted before the operation returns.
+ * once, then setParam for each attribute and param element, then the others as the page and the engine need them. Each
+ * of them may call script, and that script may cause the instance to be deleted before the operation returns.
  */
 class HBBTV_EXPORT PluginBaseClass {
 public:
@@ -43,50 +43,50 @@ public:
     PluginBaseClass(const PluginBaseClass&) = delete;
     PluginBaseClass& operator=(const PluginBaseClass&) = delete;
 
-    /** Parameters as NPP_New. @return false when the instance cannot be used */
+    /** Parameters as for NPP_New. @return false when the instance cannot be used */
     virtual bool initialize(NPMIMEType pluginType, NPP instance, uint16_t mode, int16_t argc, char** argn, char** argv,
                             NPSavedData* saved) = 0;
 
     /**
      * Calls a method.
-     * @param npobj  the script object on which script called it: the instance's element
-     * @param result receives the returned value, the browser's; left as it is by methods that return nothing
+     * @param npobj  the script object on which script called the method: the instance's element
+     * @param result receives the returned value, which the browser then owns; unchanged by methods without a result
      * @return false for an unknown name
      */
     virtual bool invoke(NPObject* npobj, NPIdentifier name, const NPVariant* args, uint32_t argCount,
                         NPVariant* result) = 0;
 
-    /** @return true when script finds the property */
+    /** @return true when the property exists for script */
     virtual bool hasProperty(NPIdentifier name) = 0;
 
-    /** @param result holds a value on entry (Void for none); an Object in it is released. @return false: no value */
+    /** @param result holds a value on entry (Void for none); an Object in it is released. @return false for no value */
     virtual bool getProperty(NPIdentifier name, NPVariant* result) = 0;
 
-    /** @param value the caller's. @return false when the name is unknown or the value is refused */
+    /** @param value the caller keeps it. @return false when the name is unknown or the value is refused */
     virtual bool setProperty(NPIdentifier name, const NPVariant* value) = 0;
 
-    /** @return true for the name of a parameter that the plug-in knows; names are case-sensitive */
+    /** @return true for the name of a known parameter; names are case-sensitive */
     virtual bool hasParam(char* sParamName) = 0;
 
     /** @param sParamValue buffer of HBBTV_PARAM_VALUE_SIZE bytes. @return false when there is no value */
     virtual bool getParam(char* sParamName, char* sParamValue) = 0;
 
-    /** @param sParamValue zero-terminated, the caller's. @return false when the name or the value is refused */
+    /** @param sParamValue zero-terminated; the caller keeps it. @return false when the name or the value is refused */
     virtual bool setParam(char* sParamName, char* sParamValue) = 0;
 
     /** @return true for the name of a method */
     virtual bool hasMethod(NPIdentifier name) = 0;
 
-    /** Ends the instance's part in the platform's message channel. @return 1 */
+    /** Unregisters the instance from the platform's message channel. @return 1 */
     virtual int unregisterMsgClient() = 0;
 
-    /** Places the instance on the screen. @param window rectangle in pixels of the screen. @return NPERR_NO_ERROR */
+    /** Sets the instance's rectangle. @param window in pixels of the screen. @return NPERR_NO_ERROR */
     virtual NPError setWindow(NPP instance, NPWindow* window) = 0;
 
-    /** Calls a script function. Parameters as NPN_InvokeDefault. @return false when it was not called or failed */
+    /** Calls a script function. Parameters as for NPN_InvokeDefault. @return false when it was not called or failed */
     virtual bool dispatch(NPObject* npobj, const NPVariant* args, uint32_t argCount, NPVariant* result) = 0;
 
-    /** @return the address of the instance handle, null handle until initialize has run; valid as long as this is */
+    /** @return the address of the instance handle, which is null until initialize; valid as long as this object */
     NPP* getNPP();
 
 protected:

@@ -46,11 +46,11 @@ typedef char* NPMIMEType;
 #define NPERR_NO_DATA 12
 #define NPERR_STREAM_NOT_SEEKABLE 13
 
-/** How an instance is shown: inside a page, or as the whole page. */
+/** Display mode of an instance: inside a page, or as the whole page. */
 #define NP_EMBED 1
 #define NP_FULL 2
 
-/** One plug-in instance. The engine owns the record; `pdata` is the plug-in's, `ndata` the engine's. */
+/** One plug-in instance. The engine owns the record; `pdata` belongs to the plug-in, `ndata` to the engine. */
 typedef struct _NPP {
     void* pdata;
     void* ndata;
@@ -70,7 +70,7 @@ typedef struct _NPRect {
     uint16_t right;
 } NPRect;
 
-/** Data that an instance left behind for its next life. Not used. */
+/** Data that an instance saves for its successor. Not used. */
 typedef struct _NPSavedData {
     int32_t len;
     void* buf;
@@ -78,7 +78,7 @@ typedef struct _NPSavedData {
 
 typedef enum { NPWindowTypeWindow = 1, NPWindowTypeDrawable } NPWindowType;
 
-/** The place that the engine gives to an instance, in pixels. */
+/** The rectangle that the engine assigns to an instance, in pixels. */
 typedef struct _NPWindow {
     void* window;      /**< native window or drawable; null for a windowless instance */
     int32_t x;         /**< left edge, relative to the page or the screen as the engine chooses */
@@ -93,7 +93,7 @@ typedef struct _NPWindow {
 /** Bit that marks variables whose value has the C++ binary interface of the GNU compilers. */
 #define NP_ABI_GCC3_MASK 0x10000000
 
-/** What an engine asks of a plug-in, or sets in it. */
+/** Variables of a plug-in that an engine reads or sets. */
 typedef enum {
     NPPVpluginNameString = 1,
     NPPVpluginDescriptionString = 2,
@@ -111,7 +111,7 @@ typedef enum {
     NPPVformValue = 16
 } NPPVariable;
 
-/** What a plug-in asks of the engine. */
+/** Variables of the engine that a plug-in reads. */
 typedef enum {
     NPNVxDisplay = 1,
     NPNVxtAppContext = 2,
@@ -128,31 +128,31 @@ typedef enum {
 } NPNVariable;
 
 /**
- * Asks the engine for a value.
- * @param instance the instance on whose behalf the value is asked; may be null for values of the engine itself
- * @param variable which value
- * @param value    where the value is written; its type is the variable's
- * @return NPERR_NO_ERROR, else `value` is not meaningful. Callers here treat a null object as a failure too.
+ * Reads a value from the engine.
+ * @param instance the instance that needs the value; may be null for values of the engine itself
+ * @param variable the variable to read
+ * @param value    receives the value; its type depends on the variable
+ * @return NPERR_NO_ERROR; otherwise `value` is undefined. Callers here treat a null object as a failure too.
  */
 NPError NPN_GetValue(NPP instance, NPNVariable variable, void* value);
 
-/** Sets a plug-in's own variable in the engine. @return NPERR_NO_ERROR or the reason of the refusal. */
+/** Sets a plug-in's variable in the engine. @return NPERR_NO_ERROR or the reason for the refusal */
 NPError NPN_SetValue(NPP instance, NPPVariable variable, void* value);
 
 /**
  * Allocates memory that may cross between engine and plug-in.
  * @param size bytes; 0 is allowed and may yield null
- * @return memory to be given back with NPN_MemFree, or null when there is none: callers refuse the operation
+ * @return memory for NPN_MemFree, or null when there is none: callers then refuse the operation
  * Thread: any.
  */
 void* NPN_MemAlloc(uint32_t size);
 
-/** Gives back memory of NPN_MemAlloc. @param ptr the memory, or null. Thread: any. */
+/** Frees memory of NPN_MemAlloc. @param ptr the memory, or null. Thread: any. */
 void NPN_MemFree(void* ptr);
 
 /**
- * Runs a function on the browser's plug-in thread, after everything that runs there now has returned. Calls are
- * run in the order in which they were made, each exactly once.
+ * Runs a function on the browser's plug-in thread, after everything in progress there has returned. Calls run in the
+ * order in which they were made, each exactly once.
  * @param plugin   the instance for which the call is made
  * @param func     the function to run
  * @param userData its argument; owned by `func`

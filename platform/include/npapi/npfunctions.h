@@ -15,10 +15,10 @@
 extern "C" {
 #endif
 
-/** A table member that is there for the layout only. */
+/** A table member that exists only for the layout. */
 typedef void (*NPUnusedProcPtr)(void);
 
-/** What the engine offers to the module. Zero-filled before it is copied: a missing function is null. */
+/** The engine's functions for the module. Zero-filled before it is copied, so that a missing function is null. */
 typedef struct _NPNetscapeFuncs {
     uint16_t size; /**< bytes of the table that the engine fills */
     uint16_t version;
@@ -80,7 +80,7 @@ typedef struct _NPNetscapeFuncs {
     NPUnusedProcPtr urlredirectresponse;
 } NPNetscapeFuncs;
 
-/** What the module offers to the engine. */
+/** The module's functions for the engine. */
 typedef struct _NPPluginFuncs {
     uint16_t size; /**< bytes of the table that the engine provides */
     uint16_t version;
@@ -109,8 +109,8 @@ typedef struct _NPPluginFuncs {
 
 /**
  * First call of the engine after it has loaded the module.
- * @param browser the engine's functions, to be copied; null is refused
- * @param plugin  the module's functions, to be filled up to its `size`; null is refused
+ * @param browser the engine's functions, which the module copies; null is refused
+ * @param plugin  the module's functions, which the module fills in up to `size`; null is refused
  * @return NPERR_NO_ERROR, NPERR_INVALID_FUNCTABLE_ERROR, or NPERR_INCOMPATIBLE_VERSION_ERROR for another major
  *         version
  */
@@ -119,11 +119,11 @@ NPError NP_Initialize(NPNetscapeFuncs* browser, NPPluginFuncs* plugin);
 /** Last call of the engine: no instance exists any more. */
 NPError NP_Shutdown(void);
 
-/** @return the MIME types that the module serves, in NPAPI's `type:extension:description;...` form; static text. */
+/** @return the module's MIME types in NPAPI's `type:extension:description;...` form; static text */
 const char* NP_GetMIMEDescription(void);
 
 /**
- * Name and description of the module, before any instance exists.
+ * Gets the name or description of the module, before any instance exists.
  * @param future   not used
  * @param variable NPPVpluginNameString or NPPVpluginDescriptionString
  * @param value    `char**`, receives static text

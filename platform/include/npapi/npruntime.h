@@ -37,7 +37,7 @@ typedef enum {
 typedef struct NPObject NPObject;
 typedef struct NPClass NPClass;
 
-/** A script value. A String's characters come from NPN_MemAlloc; an Object is counted. */
+/** A script value. A String's characters come from NPN_MemAlloc; an Object is reference-counted. */
 typedef struct _NPVariant {
     NPVariantType type;
     union {
@@ -124,9 +124,9 @@ typedef bool (*NPConstructFunctionPtr)(NPObject* npobj, const NPVariant* args, u
 /** Behaviour of a kind of script object. The engine remembers answers by class: keep one static class per kind. */
 struct NPClass {
     uint32_t structVersion;
-    NPAllocateFunctionPtr allocate;     /**< makes the object; null: the engine allocates a bare NPObject */
+    NPAllocateFunctionPtr allocate;     /**< allocates the object; null: the engine allocates a bare NPObject */
     NPDeallocateFunctionPtr deallocate; /**< frees the object; null: the engine frees it with NPN_MemFree */
-    NPInvalidateFunctionPtr invalidate; /**< the object's instance has gone */
+    NPInvalidateFunctionPtr invalidate; /**< called when the object's instance is gone */
     NPHasMethodFunctionPtr hasMethod;
     NPInvokeFunctionPtr invoke;
     NPInvokeDefaultFunctionPtr invokeDefault;
@@ -144,13 +144,13 @@ struct NPObject {
     uint32_t referenceCount;
 };
 
-/** Makes an object of `aClass` with one reference, the caller's. @return the object, or null without memory. */
+/** Creates an object of `aClass` with one reference for the caller. @return the object, or null without memory */
 NPObject* NPN_CreateObject(NPP npp, NPClass* aClass);
 
 /** Adds a reference. @return `obj`, or null when `obj` is null. */
 NPObject* NPN_RetainObject(NPObject* obj);
 
-/** Gives back a reference; the last one frees the object. @param obj the object, or null. */
+/** Releases a reference; the last release frees the object. @param obj the object, or null */
 void NPN_ReleaseObject(NPObject* obj);
 
 /** Frees a String's characters, releases an Object, and makes the variant Void. */
@@ -165,36 +165,36 @@ NPIdentifier NPN_GetIntIdentifier(int32_t intid);
 /** @return true when the identifier is a name, false when it is an index. */
 bool NPN_IdentifierIsString(NPIdentifier identifier);
 
-/** @return the name as zero-terminated UTF-8 to be given back with NPN_MemFree; null for an index or without memory. */
+/** @return the name as zero-terminated UTF-8 for NPN_MemFree; null for an index or without memory */
 NPUTF8* NPN_UTF8FromIdentifier(NPIdentifier identifier);
 
-/** @return the index; not meaningful for a name. */
+/** @return the index; undefined for a name */
 int32_t NPN_IntFromIdentifier(NPIdentifier identifier);
 
 /**
  * Calls a method of a script object.
- * @param args     `argCount` values, the caller's
- * @param result   receives the returned value, to be released with NPN_ReleaseVariantValue when true is returned
- * @return false when the object has no such method or the call failed; `result` is then not meaningful
+ * @param args     `argCount` values, which belong to the caller
+ * @param result   receives the returned value, which the caller releases with NPN_ReleaseVariantValue after true
+ * @return false when the object has no such method or the call failed; `result` is then undefined
  */
 bool NPN_Invoke(NPP npp, NPObject* npobj, NPIdentifier methodName, const NPVariant* args, uint32_t argCount,
                 NPVariant* result);
 
-/** Calls a script function. Parameters and result as NPN_Invoke. */
+/** Calls a script function. Parameters and result as for NPN_Invoke. */
 bool NPN_InvokeDefault(NPP npp, NPObject* npobj, const NPVariant* args, uint32_t argCount, NPVariant* result);
 
 /**
  * Runs a script in the global scope of an object's page.
  * @param npobj  the page's window
- * @param script the caller's
- * @param result receives the script's value, as NPN_Invoke
+ * @param script belongs to the caller
+ * @param result receives the script's value, as for NPN_Invoke
  */
 bool NPN_Evaluate(NPP npp, NPObject* npobj, NPString* script, NPVariant* result);
 
-/** Reads a property. @param result as NPN_Invoke. @return false when the object has no such property. */
+/** Reads a property. @param result as for NPN_Invoke. @return false when the object has no such property */
 bool NPN_GetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, NPVariant* result);
 
-/** Writes a property. @param value the caller's. @return false when the object refuses. */
+/** Writes a property. @param value belongs to the caller. @return false when the object refuses it */
 bool NPN_SetProperty(NPP npp, NPObject* npobj, NPIdentifier propertyName, const NPVariant* value);
 
 #ifdef __cplusplus

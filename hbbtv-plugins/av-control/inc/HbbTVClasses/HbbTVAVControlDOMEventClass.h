@@ -7,14 +7,14 @@
 #include "HbbTVObjectsTypes.h"
 
 /**
- * Prepares the class of all event objects: its callbacks and the identifiers of its properties. To be called before an
- * event object is made; calling it again changes nothing.
+ * Prepares the class of all event objects: its callbacks and the identifiers of its properties. Call it before the
+ * first event object is created. Further calls have no effect.
  * @return true
  */
 bool initializeAVControlDOMEventNPClass();
 
 /**
- * Owner of an instance's one event object, which script sees with the read-only properties `position`, `speed`,
+ * Owner of an instance's only event object, which has the read-only script properties `position`, `speed`,
  * `componentType` and `state`. Values stay from event to event. Used on the browser's plug-in thread only.
  */
 class HBBTV_EXPORT HbbTVAVControlDOMEventClass : public HbbTVBaseClass {
@@ -22,13 +22,13 @@ public:
     /** @param instance address of the plug-in instance's handle, valid as long as this object is */
     explicit HbbTVAVControlDOMEventClass(NPP* instance);
 
-    /** The script object lives on until script has given back its last reference, but answers no property. */
+    /** The script object lives until script releases its last reference, but has no property values any more. */
     ~HbbTVAVControlDOMEventClass();
 
-    /** Makes the script object; called by the constructor. @return it, or null without memory */
+    /** Creates the script object; called by the constructor. @return it, or null without memory */
     NPObject* createAVControlDOMEventNPObject();
 
-    /** @return the script object, without a reference for the caller; null when it could not be made */
+    /** @return the script object, without a reference for the caller; null when it could not be created */
     NPObject* getAVControlDOMEventNPObject();
 
     /** @return the four property values in the order position, speed, componentType, state; null without memory */

@@ -8,7 +8,7 @@
 #include "AVComponent/AVComponent.h"
 #include "medialib_components.h"
 
-/** Fills the class of all audio component objects; calling it again changes nothing. */
+/** Initialises the class of all audio component objects. Further calls have no effect. */
 HBBTV_EXPORT void initializeAudioComponentNPClass();
 
 /** Owner of an audio component's record and script object. Plug-in thread only. */
@@ -23,7 +23,7 @@ public:
      */
     HbbTVAudioComponentClass(NPP* instance, const Hbbtv_AL_ComponentInfo& info);
 
-    /** The script object lives on as long as script holds it, but answers no property and cannot be selected. */
+    /** The script object lives as long as script holds it, but has no property values and cannot be selected. */
     ~HbbTVAudioComponentClass();
 
     /** @return the record, valid as long as this object is */

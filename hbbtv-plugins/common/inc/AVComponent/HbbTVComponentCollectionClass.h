@@ -22,7 +22,7 @@ typedef enum eAVComponentCollectionType_e {
     ACTIVE_SUBTITLE_COMPONENTS_COLLECTION = 6
 } eAVComponentCollectionType_e;
 
-/** Fills the class of all collection objects; calling it again changes nothing. */
+/** Initialises the class of all collection objects. Further calls have no effect. */
 HBBTV_EXPORT void initializeComponentCollectionNPClass();
 
 /** Owner of one collection: its script object and its items. Plug-in thread only. */
@@ -33,8 +33,8 @@ public:
     ~HbbTVComponentCollectionClass();
 
     /**
-     * Makes the collection what the player has now. Components that the player still has keep their script objects;
-     * the others part from theirs.
+     * Updates the collection to the player's current components. Components that the player still has keep their script
+     * objects; the others are detached from theirs.
      * @param player handle of the adaptation layer
      */
     void update(int player);
@@ -49,7 +49,7 @@ public:
     NPObject* item(int index);
 
 private:
-    /** One component; the owner that matches its type is set. */
+    /** One component; only the owner of its type is set. */
     struct Item {
         Hbbtv_AL_ComponentInfo info;
         std::unique_ptr<HbbTVVideoComponentClass> video;
@@ -62,8 +62,8 @@ private:
 
     NPP* m_instance;
     eAVComponentCollectionType_e m_type;
-    std::vector<Item> m_items; ///< all of the type: an inactive one keeps its script object, too
-    int m_length;              ///< how many of them, from the first, the collection shows
+    std::vector<Item> m_items; ///< all of the type: inactive ones keep their script objects too
+    int m_length;              ///< the number of items, from the first, that the collection contains
     NPObjectHbbTV* m_JSObject;
 };
 

@@ -7,12 +7,12 @@
 
 #include "AVComponent/HbbTVComponentCollectionClass.h"
 
-/** Fills the classes of collections and components; calling it again changes nothing. */
+/** Initialises the classes of collections and components. Further calls have no effect. */
 HBBTV_EXPORT void initializeComponentCollectionHolderNPClass();
 
 /**
- * Owner of the collections. Each getter brings its collection up to date with the player and returns its script
- * object, without a reference for the caller; null without memory. Plug-in thread only.
+ * Owner of the collections. Each getter updates its collection from the player and returns its script object, without a
+ * reference for the caller; null without memory. Plug-in thread only.
  */
 class HBBTV_EXPORT HbbTVComponentCollectionHolderClass : public HbbTVBaseClass {
 public:
@@ -20,7 +20,7 @@ public:
     explicit HbbTVComponentCollectionHolderClass(NPP* instance);
     ~HbbTVComponentCollectionHolderClass();
 
-    /** @param player handle of the adaptation layer whose components are listed; -1 for none */
+    /** @param player handle of the player whose components are listed; -1 for none */
     void setAVComponentHandle(int player);
 
     NPObject* getAvailableAudioComponents();
