@@ -77,7 +77,7 @@ public:
     /** @return true for the name of a method */
     virtual bool hasMethod(NPIdentifier name) = 0;
 
-    /** Unregisters the instance from the platform's message channel. @return 1 */
+    /** Removes the instance from the platform's message channel. @return 1 */
     virtual int unregisterMsgClient() = 0;
 
     /** Sets the instance's rectangle. @param window in pixels of the screen. @return NPERR_NO_ERROR */
