@@ -1,5 +1,5 @@
 // The file of --timeline against its documentation: every line has the form, and together they tell the story.
-#include "medialib.h"
+#include "media_state.h"
 #include "timeline/PlaybackTracker.h"
 
 #include <QFile>
@@ -154,10 +154,8 @@ TEST(Timeline, MarksAFilmThatStandsStillOnce) {
 
 } // namespace
 
-// The adaptation layer of the test above.
-int64_t Hbbtv_AL_MediaPlayerGetPosition(int) {
-    return thePosition;
-}
-int Hbbtv_AL_MediaPlayerGetSpeed(int) {
-    return theSpeed;
+// The player of the test above.
+int mediaStateRead(int player, MediaState* state) {
+    *state = {MEDIA_STATE_STARTED, theSpeed, thePosition, 60'000, 100};
+    return player == 3 ? 1 : 0;
 }

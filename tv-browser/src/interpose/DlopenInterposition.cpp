@@ -1,6 +1,8 @@
 /**
- * Lets a build with sanitizers load plug-ins: the engine loads them with RTLD_DEEPBIND, on which a sanitizer's run time
- * ends the program. Only such builds contain this file.
+ * Overrides dlopen() in builds with sanitizers, which alone contain this file.
+ *
+ * Why: the engine loads plug-ins with RTLD_DEEPBIND, and a sanitizer's run time ends the program when it sees that
+ * flag. This dlopen() drops the flag, so that the plug-ins run under sanitizers too.
  */
 #include <dlfcn.h>
 

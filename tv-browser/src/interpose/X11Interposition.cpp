@@ -15,12 +15,12 @@ bool painting = false;
 bool painted = false;
 uint32_t colour = 0;
 
-/** Any number that is no X resource of ours: without a display nobody looks behind it. */
+/** Returned for every resource that is asked for without a display, where nobody uses it. */
 constexpr XID noResource = 1;
 constexpr int screenDepth = 24;
 constexpr int elementDepth = 32;
 
-/** @return the X library's own function behind a stand-in */
+/** @return the X library's own function that is overridden */
 template <typename Function> Function* original(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
@@ -50,7 +50,7 @@ XImage* colouredImage(unsigned width, unsigned height) {
     return image;
 }
 
-/** @return false without a display, and on Wayland, whose display the engine takes for one of X */
+/** @return false without a display, and on Wayland, whose display the engine mistakes for one of X11 */
 bool isReal(Display* display) {
     return display && QGuiApplication::platformName() == QLatin1String("xcb");
 }
@@ -71,11 +71,11 @@ bool PluginElementColour::wasUsed() const {
     return painted;
 }
 
-// Exported, so that the engine's calls come here. Those of other libraries, with a display, are passed on.
-#define STAND_IN extern "C" __attribute__((visibility("default")))
+// Exported, so that the engine binds to these functions. Calls with a real display are passed on.
+#define INTERPOSE extern "C" __attribute__((visibility("default")))
 
-STAND_IN XImage* XGetImage(Display* display, Drawable drawable, int x, int y, unsigned width, unsigned height,
-                           unsigned long planes, int format) {
+INTERPOSE XImage* XGetImage(Display* display, Drawable drawable, int x, int y, unsigned width, unsigned height,
+                            unsigned long planes, int format) {
     if (painting) {
         painted = true;
         return colouredImage(width, height);
@@ -86,19 +86,19 @@ STAND_IN XImage* XGetImage(Display* display, Drawable drawable, int x, int y, un
     return original<decltype(XGetImage)>("XGetImage")(display, drawable, x, y, width, height, planes, format);
 }
 
-STAND_IN int XDefaultScreen(Display* display) {
+INTERPOSE int XDefaultScreen(Display* display) {
     return isReal(display) ? original<decltype(XDefaultScreen)>("XDefaultScreen")(display) : 0;
 }
 
-STAND_IN int XDefaultDepth(Display* display, int screen) {
+INTERPOSE int XDefaultDepth(Display* display, int screen) {
     return isReal(display) ? original<decltype(XDefaultDepth)>("XDefaultDepth")(display, screen) : screenDepth;
 }
 
-STAND_IN Window XDefaultRootWindow(Display* display) {
+INTERPOSE Window XDefaultRootWindow(Display* display) {
     return isReal(display) ? original<decltype(XDefaultRootWindow)>("XDefaultRootWindow")(display) : noResource;
 }
 
-STAND_IN XVisualInfo* XGetVisualInfo(Display* display, long mask, XVisualInfo* wanted, int* count) {
+INTERPOSE XVisualInfo* XGetVisualInfo(Display* display, long mask, XVisualInfo* wanted, int* count) {
     if (isReal(display)) {
         return original<decltype(XGetVisualInfo)>("XGetVisualInfo")(display, mask, wanted, count);
     }
@@ -113,25 +113,25 @@ STAND_IN XVisualInfo* XGetVisualInfo(Display* display, long mask, XVisualInfo* w
     return info;
 }
 
-STAND_IN Colormap XCreateColormap(Display* display, Window window, Visual* visual, int allocate) {
+INTERPOSE Colormap XCreateColormap(Display* display, Window window, Visual* visual, int allocate) {
     return isReal(display) ? original<decltype(XCreateColormap)>("XCreateColormap")(display, window, visual, allocate)
                            : noResource;
 }
 
-STAND_IN int XFreeColormap(Display* display, Colormap colormap) {
+INTERPOSE int XFreeColormap(Display* display, Colormap colormap) {
     return isReal(display) ? original<decltype(XFreeColormap)>("XFreeColormap")(display, colormap) : 1;
 }
 
-STAND_IN Pixmap XCreatePixmap(Display* display, Drawable drawable, unsigned width, unsigned height, unsigned depth) {
+INTERPOSE Pixmap XCreatePixmap(Display* display, Drawable drawable, unsigned width, unsigned height, unsigned depth) {
     return isReal(display) ? original<decltype(XCreatePixmap)>("XCreatePixmap")(display, drawable, width, height, depth)
                            : noResource;
 }
 
-STAND_IN int XFreePixmap(Display* display, Pixmap pixmap) {
+INTERPOSE int XFreePixmap(Display* display, Pixmap pixmap) {
     return isReal(display) ? original<decltype(XFreePixmap)>("XFreePixmap")(display, pixmap) : 1;
 }
 
-STAND_IN int XSync(Display* display, Bool discard) {
+INTERPOSE int XSync(Display* display, Bool discard) {
     return isReal(display) ? original<decltype(XSync)>("XSync")(display, discard) : 1;
 }
 

@@ -1,8 +1,9 @@
 /**
- * Stand-ins for the X functions with which the engine paints plug-in elements.
+ * Overrides the X11 functions with which the engine paints plug-in elements.
  *
- * The engine has a plug-in paint into an X pixmap and fetches the result with XGetImage. This program defines these
- * functions itself, so that it says what an element looks like, and that no X server is needed for it.
+ * Why: the engine has a plug-in paint into an X pixmap and fetches the result with XGetImage(), and offers no other way
+ * to say what an element looks like. Because the program defines these functions itself, elements can be painted in one
+ * colour, which shows where video is visible, and no X server is needed.
  */
 #ifndef X11INTERPOSITION_H
 #define X11INTERPOSITION_H
@@ -11,7 +12,7 @@
 
 namespace tv {
 
-/** While one exists, every plug-in element is painted in one colour. One at a time, on the engine's thread. */
+/** While one exists, every plug-in element is painted in one colour. One at a time. Thread: the engine's. */
 class PluginElementColour {
 public:
     /** @param argb the colour, premultiplied */
@@ -21,7 +22,7 @@ public:
     PluginElementColour(const PluginElementColour&) = delete;
     PluginElementColour& operator=(const PluginElementColour&) = delete;
 
-    /** @return true when an element was painted since construction */
+    /** @return true when an element has been painted since construction */
     bool wasUsed() const;
 };
 

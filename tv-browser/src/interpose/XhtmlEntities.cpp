@@ -1,9 +1,10 @@
 /**
- * Named entities in pages of televisions.
+ * Overrides xmlCreatePushParserCtxt(), so that pages of televisions can use named entities.
  *
- * The engine knows `&nbsp;` and its like in XHTML whose document type is one of the W3C's. Those of HbbTV and CE-HTML
- * have the same entities. It learns the document type through a function that it gives to the XML parser when it makes
- * one: the program defines the function that makes it, and translates on the way.
+ * Why: the engine knows `&nbsp;` and the like only in XHTML with a document type of the W3C. The document types of
+ * HbbTV and CE-HTML have the same entities, but the engine has no setting for them. It learns a page's document type
+ * from a callback that it passes to the XML parser's constructor. The override wraps that callback and translates the
+ * type.
  */
 #include <QByteArray>
 #include <dlfcn.h>
@@ -33,7 +34,7 @@ xmlCreatePushParserCtxt(xmlSAXHandlerPtr sax, void* userData, const char* chunk,
         return original(sax, userData, chunk, size, filename);
     }
     engineExternalSubset = sax->externalSubset;
-    xmlSAXHandler translating = *sax; // The parser makes a copy of its own.
+    xmlSAXHandler translating = *sax; // The parser copies it.
     translating.externalSubset = externalSubset;
     return original(&translating, userData, chunk, size, filename);
 }

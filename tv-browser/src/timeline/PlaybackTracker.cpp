@@ -1,6 +1,6 @@
 #include "timeline/PlaybackTracker.h"
 
-#include "medialib.h"
+#include "media_state.h"
 
 namespace tv {
 
@@ -98,12 +98,12 @@ void PlaybackTracker::appendStalls(int64_t nowUs, TimelineEntries& entries) {
 }
 
 std::optional<timeline::Stall> PlaybackTracker::newStall(Playback& playback, int64_t nowUs) {
-    if (playback.state != PlayState::PLAYING || playback.player < 0 ||
-        Hbbtv_AL_MediaPlayerGetSpeed(playback.player) == 0) {
+    MediaState player{};
+    if (playback.state != PlayState::PLAYING || !mediaStateRead(playback.player, &player) || player.speed == 0) {
         playback.positionMs = -1;
         return std::nullopt;
     }
-    const int positionMs = static_cast<int>(Hbbtv_AL_MediaPlayerGetPosition(playback.player));
+    const int positionMs = static_cast<int>(player.positionMs);
     if (positionMs != playback.positionMs) {
         playback.positionMs = positionMs;
         playback.positionUs = nowUs;

@@ -1,6 +1,4 @@
-/**
- * The timeline in a file, one JSON object in each line: docs/timeline.md.
- */
+/** The timeline's file of --timeline. */
 #ifndef TIMELINEFILE_H
 #define TIMELINEFILE_H
 
@@ -10,15 +8,16 @@
 
 namespace tv {
 
+/** Writes entries as JSON objects, one in each line. docs/timeline.md describes them. */
 class TimelineFile {
 public:
-    /** Empties the file, or makes it. */
+    /** Creates the file, or empties it. */
     explicit TimelineFile(const QString& path);
 
     /** @return why the file cannot be written; empty when it can */
     QString problem() const;
 
-    /** Writes the entries out: nothing is lost in a crash that follows. */
+    /** Writes the entries to the disk at once, so that a crash loses none of them. */
     void write(const TimelineEntries& entries);
 
 private:

@@ -1,6 +1,4 @@
-/**
- * The trace on standard output: a line for each entry of the timeline.
- */
+/** The timeline on standard output, for --trace. */
 #ifndef TIMELINEPRINTER_H
 #define TIMELINEPRINTER_H
 
@@ -8,7 +6,7 @@
 
 namespace tv {
 
-/** Prints the entries: seconds since the start, whose they are, what happened. */
+/** Prints a line for each entry: seconds since the start, whose entry it is, its kind, what happened. */
 void printTrace(const TimelineEntries& entries);
 
 } // namespace tv

@@ -24,8 +24,8 @@ constexpr int scaleHeight = 16;
 constexpr int labelWidth = 26;
 
 const QColor background(0x14, 0x16, 0x1b);
-const QColor faint(0x3a, 0x3f, 0x47);
-const QColor text(0xc8, 0xcc, 0xd2);
+const QColor gridColour(0x3a, 0x3f, 0x47);
+const QColor textColour(0xc8, 0xcc, 0xd2);
 const QColor errorColour(0xff, 0x52, 0x52);
 const QColor stallColour(0xff, 0xca, 0x4f);
 
@@ -62,9 +62,9 @@ void StateBands::append(const TimelineEntries& entries) {
         } else if (entry.as<timeline::Gone>()) {
             m_bands[entry.object].changes.append({entry.timeUs, std::nullopt});
         } else if (entry.as<timeline::Error>()) {
-            addMark(entry, errorColour);
+            addMarker(entry, errorColour);
         } else if (entry.as<timeline::Stall>()) {
-            addMark(entry, stallColour);
+            addMarker(entry, stallColour);
         }
         m_nowUs = qMax(m_nowUs, entry.timeUs);
     }
@@ -74,20 +74,20 @@ void StateBands::append(const TimelineEntries& entries) {
     }
 }
 
-void StateBands::addMark(const TimelineEntry& entry, const QColor& colour) {
-    m_bands[entry.object].marks.append(
+void StateBands::addMarker(const TimelineEntry& entry, const QColor& colour) {
+    m_bands[entry.object].markers.append(
         {entry.timeUs, colour, QLatin1String(timelineKindName(entry.kind())) + QLatin1Char(' ') + timelineText(entry)});
 }
 
-/** What ended, or changed again, before that time is seen no more. */
+/** Removes states that ended, and markers that were set, before that time. */
 void StateBands::forgetOld(int64_t beforeUs) {
     for (auto it = m_bands.begin(); it != m_bands.end();) {
         QVector<Change>& changes = it->changes;
         while (changes.size() > 1 && changes[1].timeUs < beforeUs) {
             changes.removeFirst();
         }
-        while (!it->marks.isEmpty() && it->marks.constFirst().timeUs < beforeUs) {
-            it->marks.removeFirst();
+        while (!it->markers.isEmpty() && it->markers.constFirst().timeUs < beforeUs) {
+            it->markers.removeFirst();
         }
         const bool isOver = !changes.isEmpty() && !changes.constFirst().state && changes.constFirst().timeUs < beforeUs;
         it = isOver ? m_bands.erase(it) : it + 1;
@@ -102,13 +102,13 @@ QSize StateBands::minimumSizeHint() const {
     return {0, legendHeight + scaleHeight + rowHeight};
 }
 
-/** @return the newest objects, as many as there is room for; older ones are rarely what a person looks for */
+/** @return the newest objects, as many as fit: people rarely look for older ones */
 QList<int> StateBands::shownObjects() const {
     const int room = qBound(1, (height() - legendHeight - scaleHeight) / rowHeight, mostBands);
     return m_bands.keys().mid(qMax(0, m_bands.size() - room));
 }
 
-/** From the program's start, until that is a minute ago. */
+/** The chart begins at the program's start, or a minute ago when that is later. */
 int64_t StateBands::spanUs() const {
     return qBound(shortestSpanUs, m_nowUs, longestSpanUs);
 }
@@ -126,28 +126,37 @@ QRectF StateBands::areaOf(int row) const {
 void StateBands::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), background);
-    int x = labelWidth;
-    for (int state = 0; state < playStateCount; ++state) {
-        const QString name = playStateName(PlayState{state});
-        painter.fillRect(x, 7, 9, 9, playStateColour(PlayState{state}));
-        painter.setPen(text);
-        painter.drawText(x + 13, 16, name);
-        x += 13 + painter.fontMetrics().horizontalAdvance(name) + 12;
-    }
+    paintLegend(painter);
     const QList<int> objects = shownObjects();
-    const int bottom = legendHeight + rowHeight * qMax(1, objects.size());
-    for (int64_t time = m_nowUs / tickUs * tickUs; time > m_nowUs - spanUs() && time >= 0; time -= tickUs) {
-        painter.setPen(faint);
-        painter.drawLine(QPointF(xOf(time), legendHeight), QPointF(xOf(time), bottom));
-        painter.setPen(text);
-        painter.drawText(QPointF(xOf(time) + 3, bottom + scaleHeight - 3),
-                         QStringLiteral("%1 s").arg(time / 1'000'000));
-    }
+    paintScale(painter, legendHeight + rowHeight * qMax(1, objects.size()));
     for (int row = 0; row < objects.size(); ++row) {
-        painter.setPen(text);
+        painter.setPen(textColour);
         painter.drawText(QRectF(0, areaOf(row).top(), labelWidth - 6, areaOf(row).height()),
                          Qt::AlignRight | Qt::AlignVCenter, QString::number(objects[row]));
         paintBand(painter, areaOf(row), m_bands[objects[row]]);
+    }
+}
+
+void StateBands::paintLegend(QPainter& painter) {
+    int x = labelWidth;
+    for (int number = 0; number < playStateCount; ++number) {
+        const PlayState state{number};
+        const QString name = playStateName(state);
+        painter.fillRect(x, 7, 9, 9, playStateColour(state));
+        painter.setPen(textColour);
+        painter.drawText(x + 13, 16, name);
+        x += 13 + painter.fontMetrics().horizontalAdvance(name) + 12;
+    }
+}
+
+/** @param bottom lower edge of the last band */
+void StateBands::paintScale(QPainter& painter, int bottom) const {
+    for (int64_t time = m_nowUs / tickUs * tickUs; time > m_nowUs - spanUs() && time >= 0; time -= tickUs) {
+        painter.setPen(gridColour);
+        painter.drawLine(QPointF(xOf(time), legendHeight), QPointF(xOf(time), bottom));
+        painter.setPen(textColour);
+        painter.drawText(QPointF(xOf(time) + 3, bottom + scaleHeight - 3),
+                         QStringLiteral("%1 s").arg(time / 1'000'000));
     }
 }
 
@@ -165,9 +174,9 @@ void StateBands::paintBand(QPainter& painter, const QRectF& area, const Band& ba
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(background, 1.5));
-    for (const Mark& mark : band.marks) {
-        painter.setBrush(mark.colour);
-        const double x = xOf(mark.timeUs);
+    for (const Marker& marker : band.markers) {
+        painter.setBrush(marker.colour);
+        const double x = xOf(marker.timeUs);
         painter.drawPolygon(QPolygonF({{x - 7, area.top() - 2}, {x + 7, area.top() - 2}, {x, area.top() + 10}}));
     }
     painter.restore();
@@ -176,22 +185,22 @@ void StateBands::paintBand(QPainter& painter, const QRectF& area, const Band& ba
 bool StateBands::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
-        QToolTip::showText(help->globalPos(), textAt(help->pos()), this);
+        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), this);
         return true;
     }
     return QWidget::event(event);
 }
 
-QString StateBands::textAt(const QPoint& point) const {
+QString StateBands::toolTipAt(const QPoint& point) const {
     const QList<int> objects = shownObjects();
     const int row = (point.y() - legendHeight) / rowHeight;
     if (point.y() < legendHeight || row >= objects.size()) {
         return {};
     }
     const Band& band = m_bands.find(objects[row]).value();
-    for (const Mark& mark : band.marks) {
-        if (qAbs(xOf(mark.timeUs) - point.x()) < 8) {
-            return mark.text;
+    for (const Marker& marker : band.markers) {
+        if (qAbs(xOf(marker.timeUs) - point.x()) < 8) {
+            return marker.text;
         }
     }
     QString found;

@@ -1,6 +1,4 @@
-/**
- * The entries of a TimelineModel that a person wants to see.
- */
+/** Which entries of the timeline are shown. */
 #ifndef TIMELINEFILTER_H
 #define TIMELINEFILTER_H
 
@@ -11,6 +9,7 @@
 
 namespace tv {
 
+/** Shows the entries of a TimelineModel that are of a wanted kind and object, and contain a wanted text. */
 class TimelineFilter : public QSortFilterProxyModel {
     Q_OBJECT
 public:
@@ -21,10 +20,10 @@ public:
     /** Shows or hides kinds. */
     void showKinds(const Kinds& kinds, bool visible);
 
-    /** Shows only what belongs to that object; 0: all. */
+    /** Shows only what belongs to that object; 0: to any or none. */
     void showObject(int object);
 
-    /** Shows only entries whose text has this in it, in any case of letters; an empty one shows all. */
+    /** Shows only entries that contain that text, in upper or lower case; an empty text shows all. */
     void showText(const QString& text);
 
 protected:

@@ -12,7 +12,7 @@ namespace {
 using Kind = TimelineKind;
 
 constexpr int mostEntries = 20'000;
-constexpr int trimmedAtOnce = 2'000; // views look at everything anew when rows go
+constexpr int trimmedAtOnce = 2'000; // views rebuild themselves when rows are removed
 
 QColor colourOf(Kind kind) {
     switch (kind) {
@@ -36,7 +36,7 @@ QColor colourOf(Kind kind) {
     }
 }
 
-QString took(const TimelineEntry& entry) {
+QString duration(const TimelineEntry& entry) {
     return entry.tookUs < 0 ? QString()
                             : QStringLiteral("%1 ms").arg(static_cast<double>(entry.tookUs) / 1e3, 0, 'f', 1);
 }
@@ -71,7 +71,7 @@ QVariant TimelineModel::data(const QModelIndex& index, int role) const {
     }
     if (role == Qt::TextAlignmentRole) {
         return int(Qt::AlignVCenter |
-                   (index.column() == TIME || index.column() == TOOK ? Qt::AlignRight : Qt::AlignLeft));
+                   (index.column() == TIME || index.column() == DURATION ? Qt::AlignRight : Qt::AlignLeft));
     }
     if (role != Qt::DisplayRole) {
         return {};
@@ -85,15 +85,15 @@ QVariant TimelineModel::data(const QModelIndex& index, int role) const {
         return QLatin1String(timelineKindName(entry.kind()));
     case TEXT:
         return timelineText(entry);
-    case TOOK:
-        return took(entry);
+    case DURATION:
+        return duration(entry);
     default:
         return {};
     }
 }
 
 QVariant TimelineModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const char* const titles[COLUMNS] = {"Seconds", "Object", "Kind", "What happened", "Took"};
+    static const char* const titles[COLUMNS] = {"Time (s)", "Object", "Kind", "What happened", "Duration"};
     return orientation == Qt::Horizontal && role == Qt::DisplayRole ? QVariant(QLatin1String(titles[section]))
                                                                     : QVariant();
 }

@@ -1,6 +1,4 @@
-/**
- * The newest entries of the timeline as a table for views.
- */
+/** The entries of the timeline as a table for views. */
 #ifndef TIMELINEMODEL_H
 #define TIMELINEMODEL_H
 
@@ -11,11 +9,13 @@
 
 namespace tv {
 
+/** Keeps the newest entries. Their text is made when a view asks for it. */
 class TimelineModel : public QAbstractTableModel {
     Q_OBJECT
 public:
-    enum Column { TIME, OBJECT, KIND, TEXT, TOOK, COLUMNS };
+    enum Column { TIME, OBJECT, KIND, TEXT, DURATION, COLUMNS };
 
+    /** Adds what is new, and drops the oldest entries when there are too many. */
     void append(const TimelineEntries& entries);
     const TimelineEntry& entry(int row) const { return m_entries[static_cast<size_t>(row)]; }
 

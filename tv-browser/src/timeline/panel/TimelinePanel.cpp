@@ -20,7 +20,7 @@ namespace {
 using Kind = TimelineKind;
 
 constexpr QSize panelSize(700, 720);
-constexpr int leastWidth = 360;
+constexpr int smallestWidth = 360;
 constexpr int rowHeight = 20;
 constexpr int filterColumns = 4;
 
@@ -55,21 +55,21 @@ const struct {
 } // namespace
 
 TimelinePanel::TimelinePanel(int64_t startUs)
-    : m_bands(new StateBands(startUs)), m_objects(new ObjectTable), m_text(new QLineEdit), m_list(makeList()),
-      m_whole(new QPlainTextEdit) {
+    : m_bands(new StateBands(startUs)), m_objects(new ObjectTable), m_search(new QLineEdit), m_list(makeList()),
+      m_fields(new QPlainTextEdit) {
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QString::fromLatin1(panelStyle));
     setFont(QFont(font().family(), 9));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    setMinimumWidth(leastWidth);
+    setMinimumWidth(smallestWidth);
     m_objects->setMinimumHeight(2 * 24);
     m_objects->setMaximumHeight(4 * 24);
-    m_whole->setReadOnly(true);
-    m_whole->setMinimumHeight(44);
-    m_whole->setMaximumHeight(130);
-    m_whole->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_whole->setPlaceholderText(QStringLiteral("Click an entry to see it whole."));
-    m_whole->setTabChangesFocus(true);
+    m_fields->setReadOnly(true);
+    m_fields->setMinimumHeight(44);
+    m_fields->setMaximumHeight(130);
+    m_fields->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_fields->setPlaceholderText(QStringLiteral("Click an entry to see all its fields."));
+    m_fields->setTabChangesFocus(true);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 8);
@@ -78,7 +78,7 @@ TimelinePanel::TimelinePanel(int64_t startUs)
     layout->addWidget(m_objects);
     layout->addLayout(makeFilters());
     layout->addWidget(m_list, 1);
-    layout->addWidget(m_whole);
+    layout->addWidget(m_fields);
     connect(m_objects, &ObjectTable::chosen, &m_filter, &TimelineFilter::showObject);
 }
 
@@ -86,11 +86,11 @@ QSize TimelinePanel::sizeHint() const {
     return panelSize;
 }
 
-/** In two rows, for small screens. */
+/** Two rows of buttons, so that they fit on small screens. */
 QGridLayout* TimelinePanel::makeFilters() {
     auto* grid = new QGridLayout;
     grid->setSpacing(4);
-    int place = 0;
+    int cell = 0;
     for (const auto& group : groups) {
         TimelineFilter::Kinds kinds;
         for (const Kind kind : group.kinds) {
@@ -103,15 +103,15 @@ QGridLayout* TimelinePanel::makeFilters() {
         button->setFocusPolicy(Qt::TabFocus);
         button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         connect(button, &QToolButton::toggled, &m_filter, [this, kinds](bool on) { m_filter.showKinds(kinds, on); });
-        grid->addWidget(button, place / filterColumns, place % filterColumns);
-        grid->setColumnStretch(place % filterColumns, 1);
-        ++place;
+        grid->addWidget(button, cell / filterColumns, cell % filterColumns);
+        grid->setColumnStretch(cell % filterColumns, 1);
+        ++cell;
     }
-    m_text->setPlaceholderText(QStringLiteral("contains"));
-    m_text->setClearButtonEnabled(true);
-    m_text->setFocusPolicy(Qt::StrongFocus);
-    connect(m_text, &QLineEdit::textChanged, &m_filter, &TimelineFilter::showText);
-    grid->addWidget(m_text, place / filterColumns, place % filterColumns);
+    m_search->setPlaceholderText(QStringLiteral("Filter text"));
+    m_search->setClearButtonEnabled(true);
+    m_search->setFocusPolicy(Qt::StrongFocus);
+    connect(m_search, &QLineEdit::textChanged, &m_filter, &TimelineFilter::showText);
+    grid->addWidget(m_search, cell / filterColumns, cell % filterColumns);
     return grid;
 }
 
@@ -137,7 +137,7 @@ QTableView* TimelinePanel::makeList() {
     header->resizeSection(TimelineModel::TIME, 84);
     header->resizeSection(TimelineModel::OBJECT, 50);
     header->resizeSection(TimelineModel::KIND, 92);
-    header->resizeSection(TimelineModel::TOOK, 70);
+    header->resizeSection(TimelineModel::DURATION, 70);
     follow(*list);
     connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& index) {
         if (index.isValid()) {
@@ -148,7 +148,7 @@ QTableView* TimelinePanel::makeList() {
     return list;
 }
 
-/** The arrow keys begin at what is seen, the newest entry. */
+/** When the list gets the focus by keyboard, the newest entry becomes the current one: the arrow keys start there. */
 bool TimelinePanel::eventFilter(QObject* list, QEvent* event) {
     if (list == m_list && event->type() == QEvent::FocusIn && !m_list->currentIndex().isValid()) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
@@ -159,7 +159,7 @@ bool TimelinePanel::eventFilter(QObject* list, QEvent* event) {
     return false;
 }
 
-/** Keeps the list at its end, until a person scrolls up or chooses another entry than the last. */
+/** Keeps the list scrolled to its end until a person scrolls up or chooses another entry than the last one. */
 void TimelinePanel::follow(QTableView& list) {
     QScrollBar* bar = list.verticalScrollBar();
     connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { m_follows = value == bar->maximum(); });
@@ -175,16 +175,16 @@ void TimelinePanel::append(const TimelineEntries& entries) {
     m_bands->append(entries);
     m_objects->append(entries);
     for (const TimelineEntry& entry : entries) {
-        const bool isTrouble =
+        const bool isProblem =
             entry.kind() == Kind::ERROR || entry.kind() == Kind::STALL || entry.kind() == Kind::SCRIPT_ERROR;
-        if (isTrouble && !m_list->currentIndex().isValid()) {
+        if (isProblem && !m_list->currentIndex().isValid()) {
             showEntry(entry);
         }
     }
 }
 
 void TimelinePanel::showEntry(const TimelineEntry& entry) {
-    m_whole->setPlainText(QString::fromUtf8(QJsonDocument(timelineJson(entry)).toJson()));
+    m_fields->setPlainText(QString::fromUtf8(QJsonDocument(timelineJson(entry)).toJson()));
 }
 
 } // namespace tv

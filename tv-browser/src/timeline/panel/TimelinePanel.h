@@ -1,6 +1,4 @@
-/**
- * The timeline beside the picture: states as bands, objects, a list with filters, and one entry whole.
- */
+/** The panel that shows the timeline. */
 #ifndef TIMELINEPANEL_H
 #define TIMELINEPANEL_H
 
@@ -18,13 +16,17 @@ class QTableView;
 
 namespace tv {
 
+/**
+ * Shows the timeline beside the screen: the objects' states as bands, the objects as a table, the entries as a list
+ * with filters, and all fields of one entry. Until a person chooses an entry, that is the newest problem.
+ */
 class TimelinePanel : public QWidget {
     Q_OBJECT
 public:
     /** @param startUs as of StateBands */
     explicit TimelinePanel(int64_t startUs);
 
-    /** Adds what is new; also while the panel is hidden. */
+    /** Adds what is new; also while the panel is hidden, so that it has a past to show. */
     void append(const TimelineEntries& entries);
 
     QSize sizeHint() const override;
@@ -42,10 +44,10 @@ private:
     ObjectTable* m_objects;
     TimelineModel m_model;
     TimelineFilter m_filter;
-    QLineEdit* m_text;
+    QLineEdit* m_search;
     QTableView* m_list;
-    QPlainTextEdit* m_whole;
-    bool m_follows = true; ///< the list stays at its newest entry
+    QPlainTextEdit* m_fields;
+    bool m_follows = true; ///< the list stays scrolled to its newest entry
 };
 
 } // namespace tv
