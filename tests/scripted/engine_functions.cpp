@@ -63,8 +63,10 @@ bool fail(NPVariant* result) {
 
 /// @return how far script reaches at an access: some properties of a window run no script at all
 Reach reachOf(NPObject* object, NPIdentifier name) {
-    return object == browser().window && (nameOf(name) == "location" || nameOf(name) == "document") ? Reach::Script
-                                                                                                    : Reach::Frame;
+    const Browser& page = browser();
+    const bool isFixed = object == page.location ||
+                         (object == page.window && (nameOf(name) == "location" || nameOf(name) == "document"));
+    return isFixed ? Reach::Script : Reach::Frame;
 }
 
 void* memAlloc(uint32_t size) {
@@ -86,15 +88,15 @@ void asyncCall(NPP handle, void (*function)(void*), void* data) {
 
 NPError getValue(NPP handle, NPNVariable variable, void* value) {
     EXPECT_PLUGIN_THREAD();
-    const Point point("NPN_GetValue", variable == NPNVWindowNPObject ? Reach::Frame : Reach::Nothing);
     NPObject* element = elementOf(handle);
+    EXPECT_TRUE(variable != NPNVWindowNPObject || browser().window) << "the window of a frame that has gone";
+    const Point point("NPN_GetValue", variable == NPNVWindowNPObject ? Reach::Frame : Reach::Nothing);
     if (variable != NPNVWindowNPObject && variable != NPNVPluginElementNPObject) {
         return NPERR_INVALID_PARAM;
     }
-    EXPECT_TRUE(variable != NPNVWindowNPObject || browser().window) << "the window of a frame that has gone";
     NPObject* given = variable == NPNVWindowNPObject ? browser().window : element;
     *static_cast<NPObject**>(value) = browser().objects == Browser::Gives ? retain(given) : nullptr;
-    return browser().objects == Browser::Refuses ? NPERR_GENERIC_ERROR : NPERR_NO_ERROR;
+    return browser().objects == Browser::Refuses || !given ? NPERR_GENERIC_ERROR : NPERR_NO_ERROR;
 }
 
 NPError setValue(NPP handle, NPPVariable, void*) {

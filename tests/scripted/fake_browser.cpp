@@ -23,13 +23,21 @@ std::string textOf(const NPVariant* values, uint32_t count) {
 NPClass scriptClass;
 NPClass bareClass;
 
+std::string textIn(const NPVariant& value) {
+    if (!NPVARIANT_IS_STRING(value)) {
+        return text(value);
+    }
+    const NPString& string = NPVARIANT_TO_STRING(value);
+    return string.UTF8Length > 0 ? std::string(string.UTF8Characters, string.UTF8Length) : std::string();
+}
+
 Value::Value(const std::string& text) : m_text(std::make_shared<std::vector<char>>(text.begin(), text.end())) {
     STRINGN_TO_NPVARIANT(m_text->data(), m_text->size(), m_variant);
 }
 
 Value Value::copyOf(const NPVariant& value) {
     if (NPVARIANT_IS_STRING(value)) {
-        return std::string(value.value.stringValue.UTF8Characters, value.value.stringValue.UTF8Length);
+        return textIn(value);
     }
     Value copy;
     copy.m_variant = value;
@@ -62,7 +70,7 @@ std::string text(const NPVariant& value) {
         snprintf(number, sizeof number, "%.12g", NPVARIANT_TO_DOUBLE(value));
         return strpbrk(number, ".en") ? number : std::string(number) + ".0";
     case NPVariantType_String:
-        return "\"" + std::string(value.value.stringValue.UTF8Characters, value.value.stringValue.UTF8Length) + "\"";
+        return "\"" + textIn(value) + "\"";
     case NPVariantType_Object:
         break;
     }

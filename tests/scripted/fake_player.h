@@ -5,12 +5,13 @@
 #ifndef FAKE_PLAYER_H
 #define FAKE_PLAYER_H
 
-#include "medialib.h"
+#include "medialib_components.h"
 
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace fake {
 
@@ -30,6 +31,7 @@ struct Television {
     int duration = 60000;
     int speedInForce = 1;
     sub_properties_t subtitle = {}; /**< the track last added */
+    std::vector<Hbbtv_AL_ComponentInfo> components; /**< of every player, where the platform lists them */
     void* component = nullptr;      /**< the record last selected or unselected */
 
     /** Calls a player's callback on a thread of its own and waits for it to return. */

@@ -19,6 +19,9 @@ void NPN_PluginThreadAsyncCall(NPP npp, void (*func)(void*), void* userData) {
 }
 
 NPError NPN_GetValue(NPP npp, NPNVariable variable, void* value) {
+    if (variable == NPNVWindowNPObject && !fake::browser().window) {
+        return NPERR_GENERIC_ERROR; // a framework does not ask the engine when the frame has gone
+    }
     return engineFunctions.getvalue(npp, variable, value);
 }
 

@@ -22,6 +22,9 @@ const std::string& nameOf(NPIdentifier identifier);
 /** @return values as script would pass them: "(1.0,null)" */
 std::string textOf(const NPVariant* values, uint32_t count);
 
+/** @return the characters of a String, any other value as text() */
+std::string textIn(const NPVariant& value);
+
 void* newBlock(size_t size);
 void freeBlock(void* block);
 NPObject* makeObject(NPP handle, NPClass* aClass);

@@ -2,11 +2,10 @@
 #include "av_control_test.h"
 
 #include "AVComponent/HbbTVAudioComponentClass.h"
-#include "medialib_components.h"
 
 namespace {
 
-std::vector<Hbbtv_AL_ComponentInfo> components;
+std::vector<Hbbtv_AL_ComponentInfo>& components = television().components;
 
 /** An object of the framework, with a reference of its own. */
 class Held {
@@ -51,17 +50,6 @@ protected:
 };
 
 } // namespace
-
-extern "C" int Hbbtv_AL_MediaPlayerGetComponents(int player, int type, Hbbtv_AL_ComponentInfo* list, int capacity) {
-    EXPECT_TRUE(television().players.count(player));
-    int count = 0;
-    for (const Hbbtv_AL_ComponentInfo& info : components) {
-        if (info.type == type && count++ < capacity) {
-            list[count - 1] = info;
-        }
-    }
-    return count;
-}
 
 TEST_F(Components, AreListedByTypeAndByActivity) {
     const std::tuple<const char*, Value, std::vector<const char*>> rows[] = {

@@ -1,0 +1,203 @@
+#include "isolated.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/common_interface_defs.h>
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() {
+    return "handle_sigtrap=1:detect_stack_use_after_return=1:detect_leaks=1:allocator_may_return_null=1";
+}
+#endif
+
+namespace {
+
+constexpr size_t CASES_OF_A_PROCESS = 400;
+constexpr unsigned MOST_SECONDS = 20; ///< of one case: more is an endless loop
+
+struct Range {
+    size_t from;
+    size_t to;
+};
+
+struct Process {
+    Range range;
+    size_t* current; ///< shared with the process
+    std::string output;
+};
+
+bool isUnderTest(const std::string& line) {
+    return line.find("/hbbtv-plugins/") != std::string::npos;
+}
+
+bool isScripted(const std::string& line) {
+    return line.find("/tests/scripted/") != std::string::npos;
+}
+
+/// @return "VideoPlugin::Play Transport.cpp:7" of "#3 0x55 in VideoPlugin::Play(NPVariant) ../x/Transport.cpp:7"
+std::string frameOf(const std::string& line) {
+    const size_t in = line.find(" in ");
+    if (line.find('#') == std::string::npos || in == std::string::npos) {
+        return {};
+    }
+    const std::string function = line.substr(in + 4, line.find_first_of("(< ", in + 5) - in - 4);
+    return function + " " + line.substr(line.rfind('/') + 1);
+}
+
+/// What a sanitizer or the scripted platform has written of the failure.
+Finding read(size_t number, int status, const std::string& output) {
+    const auto after = [](const std::string& line, const char* text) {
+        const size_t at = line.find(text);
+        return at == std::string::npos ? std::string() : line.substr(at + strlen(text));
+    };
+    std::ifstream in(output);
+    Finding finding = {number, WIFSIGNALED(status) ? "signal " + std::to_string(WTERMSIG(status)) : "exit", {}};
+    std::string line;
+    size_t frames = 0;
+    bool atStack = true; // the first stack, which is that of the failure
+    while (std::getline(in, line)) {
+        const std::string error = after(line, "ERROR: AddressSanitizer: ");
+        const std::string behaviour = after(line, "runtime error: ");
+        const std::string broken = after(line, ": Failure");
+        if (finding.stack.empty() && !error.empty()) {
+            finding.cause = error.substr(0, error.find_first_of(" :"));
+            finding.stack.push_back(error.substr(0, 100));
+        } else if (finding.stack.empty() && !behaviour.empty()) {
+            finding.cause = behaviour;
+            finding.stack.push_back(behaviour);
+        } else if (finding.stack.empty() && line.find(": Failure") != std::string::npos) {
+            finding.stack.push_back("broken rule:");
+            while (std::getline(in, line) && !line.empty() && line[0] != '=') {
+                finding.stack.back() += " " + line;
+            }
+            finding.cause = finding.stack.back();
+        } else if (finding.stack.empty() && line.find("ERROR: LeakSanitizer") != std::string::npos) {
+            finding.cause = "leak";
+            finding.stack.push_back("leak of what was allocated at");
+        }
+        const std::string frame = frameOf(line);
+        if (atStack && frames < 6 && (isUnderTest(line) || (frames == 0 && isScripted(line)))) {
+            finding.stack.push_back("  " + frame);
+            frames += isUnderTest(line) ? 1 : 0;
+            if (frames <= 2) {
+                finding.cause += " | " + frame.substr(0, frame.find(' '));
+            }
+        }
+        atStack = atStack && (frames == 0 || !line.empty());
+    }
+    return finding;
+}
+
+pid_t start(const Process& process, const std::function<void(size_t)>& run) {
+    fflush(nullptr);
+    const pid_t child = fork();
+    if (child != 0) {
+        return child;
+    }
+    const int file = open(process.output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(file, STDOUT_FILENO);
+    dup2(file, STDERR_FILENO);
+    for (size_t i = process.range.from; i < process.range.to; ++i) {
+        *process.current = i;
+        alarm(MOST_SECONDS);
+        run(i);
+    }
+    *process.current = process.range.to;
+    exit(0); // looks for leaks
+}
+
+} // namespace
+
+std::vector<Finding> runIsolated(size_t count, unsigned processes, const std::function<void(size_t)>& run) {
+    GTEST_FLAG_SET(break_on_failure, true);
+#if defined(__SANITIZE_ADDRESS__)
+    char text[256]; // Once here, so that no child reads the symbols again.
+    __sanitizer_symbolize_pc(__builtin_return_address(0), "%p", text, sizeof text);
+#endif
+    std::deque<Range> ranges;
+    for (size_t from = 0; from < count; from += CASES_OF_A_PROCESS) {
+        ranges.push_back({from, std::min(from + CASES_OF_A_PROCESS, count)});
+    }
+    size_t* const slots = static_cast<size_t*>(
+        mmap(nullptr, processes * sizeof(size_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    std::deque<size_t*> free;
+    for (unsigned i = 0; i < processes; ++i) {
+        free.push_back(&slots[i]);
+    }
+    std::map<pid_t, Process> running;
+    std::vector<Finding> findings;
+    while (!ranges.empty() || !running.empty()) {
+        while (!ranges.empty() && !free.empty()) {
+            const std::string output = "/tmp/isolated." + std::to_string(getpid()) + "." + std::to_string(free.front() - slots);
+            const Process process = {ranges.front(), free.front(), output};
+            ranges.pop_front();
+            free.pop_front();
+            running[start(process, run)] = process;
+        }
+        int status = 0;
+        const pid_t ended = wait(&status);
+        const Process process = running.at(ended);
+        running.erase(ended);
+        free.push_back(process.current);
+        const size_t at = *process.current;
+        const Range& range = process.range;
+        if (status == 0) {
+            // all is well
+        } else if (at < range.to) {
+            findings.push_back(read(at, status, process.output));
+            if (at + 1 < range.to) {
+                ranges.push_front({at + 1, range.to});
+            }
+            if (at > range.from) {
+                ranges.push_front({range.from, at}); // for their leaks, which nobody has looked for yet
+            }
+        } else if (range.to - range.from == 1) {
+            findings.push_back(read(range.from, status, process.output));
+        } else {
+            const size_t middle = (range.from + range.to) / 2;
+            ranges.push_front({range.from, middle});
+            ranges.push_front({middle, range.to});
+        }
+        unlink(process.output.c_str());
+    }
+    munmap(slots, processes * sizeof(size_t));
+    return findings;
+}
+
+void printFindings(const std::vector<Finding>& findings, const std::function<std::string(size_t)>& nameOf) {
+    std::map<std::string, std::vector<const Finding*>> byCause;
+    for (const Finding& finding : findings) {
+        byCause[finding.cause].push_back(&finding);
+    }
+    std::vector<const std::vector<const Finding*>*> groups;
+    for (const auto& [cause, group] : byCause) {
+        groups.push_back(&group);
+    }
+    std::stable_sort(groups.begin(), groups.end(), [](auto* a, auto* b) { return a->size() > b->size(); });
+    for (const auto* group : groups) {
+        const Finding& first = *group->front();
+        printf("\n%zu x %s\n", group->size(), first.cause.c_str());
+        for (const Finding* finding : *group) {
+            if (finding - group->front() == 0 || group->size() <= 3) {
+                printf("  %s\n", nameOf(finding->number).c_str());
+            }
+        }
+        for (const std::string& line : first.stack) {
+            printf("    %s\n", line.c_str());
+        }
+    }
+}
