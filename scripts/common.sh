@@ -16,13 +16,13 @@ wrong_use() {
   exit 2
 }
 
-# build PRESET: configures and builds a preset of CMakePresets.json. Shows progress on terminals only, not in logs.
+# build PRESET [TARGET]...: configures and builds a preset of CMakePresets.json, or parts of it. Shows progress on terminals only, not in logs.
 build() {
   local quiet=(--quiet)
   if [[ -t 1 ]]; then
     quiet=()
   fi
   echo "Building ($1)"
-  (cd "$root" && cmake --preset "$1" >/dev/null && cmake --build --preset "$1" -- "${quiet[@]}") ||
+  (cd "$root" && cmake --preset "$1" >/dev/null && cmake --build --preset "$1" -- "${quiet[@]}" "${@:2}") ||
     fail "the build (preset $1) failed; the messages above say why"
 }
