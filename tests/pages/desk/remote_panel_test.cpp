@@ -36,6 +36,10 @@ protected:
     std::vector<Event> m_events;
 };
 
+TEST_F(RemotePanelTest, IsDarkAroundItsButtons) {
+    EXPECT_EQ(QColor(0x1d, 0x20, 0x26), m_panel.grab().toImage().pixelColor(2, 2));
+}
+
 TEST_F(RemotePanelTest, AClickIsAPressAndARelease) {
     for (const char* key : {"ENTER", "RED", "FAST_FWD"}) {
         m_events.clear();

@@ -92,6 +92,12 @@ TEST(TimelinePanel, ListsTheObjectsThatAreThere) {
     EXPECT_EQ(0, rowOf("2"));
 }
 
+TEST(TimelinePanel, IsDarkAroundItsParts) {
+    TimelinePanel panel(0);
+    panel.resize(panel.sizeHint());
+    EXPECT_EQ(QColor(0x1d, 0x20, 0x26), panel.grab().toImage().pixelColor(2, 2));
+}
+
 TEST(TimelinePanel, KeepsTheChosenEntryInSight) {
     TimelinePanel panel(0);
     panel.resize(panel.sizeHint());

@@ -17,7 +17,7 @@ namespace {
 constexpr int panelWidth = 260;
 
 const char* const panelStyle =
-    "FaultPanel { background: #1d2026; }"
+    "tv--FaultPanel { background: #1d2026; }"
     "QLabel { color: #c8ccd2; }"
     "QLabel#problem { color: #ff8a80; }"
     "QLineEdit, QComboBox, QListWidget, QAbstractItemView { background: #14161b; color: white; padding: 4px;"

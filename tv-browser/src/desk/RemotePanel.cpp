@@ -55,7 +55,7 @@ const struct {
     {13, 2, 3, "PLAY_PAUSE", "\u25b6\u275a", nullptr},
 };
 
-const char* const panelStyle = "RemotePanel { background: #1d2026; }"
+const char* const panelStyle = "tv--RemotePanel { background: #1d2026; }"
                                "QLabel, QCheckBox { color: #c8ccd2; }"
                                "QCheckBox { border: 1px solid #1d2026; padding: 2px; }"
                                "QCheckBox:focus { border-color: #ffffff; }"

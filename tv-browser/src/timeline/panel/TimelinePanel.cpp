@@ -25,7 +25,7 @@ constexpr int rowHeight = 20;
 constexpr int filterColumns = 4;
 
 const char* const panelStyle =
-    "TimelinePanel { background: #1d2026; }"
+    "tv--TimelinePanel { background: #1d2026; }"
     "QTableView, QPlainTextEdit, QLineEdit { background: #14161b; color: #c8ccd2; border: 1px solid #14161b; }"
     "QTableView::item:selected { background: #34507a; }"
     "QHeaderView::section { background: #1d2026; color: #8a93a3; border: 0; padding: 2px 4px; }"
