@@ -74,8 +74,7 @@ protected:
     std::string address() const { return "http://127.0.0.1:" + std::to_string(m_otherPort); }
 
     void breakThings(const std::string& pattern, const std::string& faults) {
-        std::string wrong;
-        m_proxy.setFaults({{pattern, *parseServerFault(faults, wrong)}});
+        m_proxy.setFaults({{pattern, *parseServerFault(faults)}});
     }
 
     /// @return status and body, as a client of the proxy sees them

@@ -75,11 +75,11 @@ public:
 
     /** @return the colour in the window where the television's picture has that point, in the right shape */
     QColor colourAt(const QPointF& point) const {
-        const QSizeF size = m_window.picture().size();
+        const QSizeF size = m_window.screenView().size();
         const QSizeF shape = QSizeF(1280, 720).scaled(size, Qt::KeepAspectRatio);
         const QPointF place =
             point * (shape.width() / 1280) + QPointF(size.width() - shape.width(), size.height() - shape.height()) / 2;
-        return m_window.picture().grab().toImage().pixelColor(place.toPoint());
+        return m_window.screenView().grab().toImage().pixelColor(place.toPoint());
     }
 
     bool sees(const QColor& colour) const {
@@ -100,10 +100,10 @@ private:
 
 /** Switches the television on, with a person in front of it, who switches it off. */
 void inFrontOf(const QString& page, const std::function<void(TvWindow&, Person&)>& act) {
-    const CommandLineResult parsed = parseCommandLine(
+    const auto parsed = parseCommandLine(
         {"tv-browser", "--mount", QString("shared=" PAGES "/.."), "--mount", QString("media=" MEDIA), page});
-    ASSERT_TRUE(parsed.commandLine) << parsed.text.toStdString();
-    Television television(*parsed.commandLine, monotonicUs());
+    ASSERT_TRUE(parsed) << parsed.reason().text.toStdString();
+    Television television(*parsed, monotonicUs());
     QTimer::singleShot(0, &television, [&act] {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
             if (auto* window = qobject_cast<TvWindow*>(widget)) {
@@ -129,9 +129,9 @@ TEST(Window, ShowsTheWholePictureAtAnySize) {
         for (const QSize size : {QSize(1280, 720), QSize(640, 360), QSize(1000, 360), QSize(700, 780)}) {
             SCOPED_TRACE(testing::Message() << size.width() << 'x' << size.height());
             window.resize(size);
-            EXPECT_EQ(size, window.picture().size());
+            EXPECT_EQ(size, window.screenView().size());
             showsAll();
-            const QImage shown = window.picture().grab().toImage();
+            const QImage shown = window.screenView().grab().toImage();
             const bool isFilled = size.width() * 9 == size.height() * 16;
             EXPECT_EQ(isFilled ? QColor(Qt::red) : QColor(Qt::black), shown.pixelColor(2, 2));
             EXPECT_EQ(isFilled ? QColor(Qt::yellow) : QColor(Qt::black),
@@ -161,10 +161,10 @@ TEST(Window, GivesPanelsAndKeysRoomOnASmallScreen) {
             EXPECT_LE(window.minimumSize().height(), 360);
             EXPECT_GT(window.width(), 640);
             EXPECT_LE(window.width(), window.screen()->availableGeometry().width());
-            QTest::keyClick(&window.picture(), Qt::Key_Tab);
-            EXPECT_FALSE(window.picture().hasFocus()) << "the panel is reached by keyboard";
+            QTest::keyClick(&window.screenView(), Qt::Key_Tab);
+            EXPECT_FALSE(window.screenView().hasFocus()) << "the panel is reached by keyboard";
             person.press(Qt::Key_Escape);
-            EXPECT_TRUE(window.picture().hasFocus());
+            EXPECT_TRUE(window.screenView().hasFocus());
             person.press(key);
             EXPECT_EQ(QSize(640, 360), window.size());
         }
@@ -188,7 +188,7 @@ TEST(Window, TellsOfAddressesThatAreNone) {
         EXPECT_TRUE(person.isToldNothing()) << "the page is there";
 
         // A held key ends where the menu takes its release.
-        QTest::keyPress(&window.picture(), Qt::Key_Down);
+        QTest::keyPress(&window.screenView(), Qt::Key_Down);
         EXPECT_TRUE(person.sees(Qt::black));
         person.press(Qt::Key_F10);
         EXPECT_TRUE(person.sees(Qt::white));
@@ -208,17 +208,17 @@ TEST(Window, BreaksThingsFromItsMenus) {
     inFrontOf(testPage, [](TvWindow& window, Person& person) {
         ASSERT_TRUE(person.sees(filmPlays));
         const auto reload = [&] {
-            window.picture().setFocus();
+            window.screenView().setFocus();
             person.press(Qt::Key_F7);
         };
-        person.choose({"Player reports", "error 3: the television lacks the resources"});
+        person.choose({"Inject player report", "error 3: insufficient resources"});
         EXPECT_TRUE(person.isTold("error 3"));
         EXPECT_TRUE(person.sees(filmFailed));
         person.press(Qt::Key_Return);
         EXPECT_TRUE(person.sees(filmPlays));
         EXPECT_TRUE(person.isToldNothing()) << "the film plays";
 
-        person.choose({"Server faults"});
+        person.choose({"Network faults"});
         auto& panel = person.part<FaultPanel>();
         ASSERT_TRUE(panel.isVisible());
         const auto addRule = [&](const char* pattern, const char* fault) {
@@ -258,8 +258,8 @@ TEST(Window, BreaksThingsFromItsMenus) {
         person.press(Qt::Key_L, Qt::ControlModifier);
         person.enter(person.part<AddressLine>().text() + "?plain");
         EXPECT_TRUE(person.sees(Qt::white));
-        person.choose({"Player reports", "error 3: the television lacks the resources"});
-        EXPECT_TRUE(person.isTold("no player to report"));
+        person.choose({"Inject player report", "error 3: insufficient resources"});
+        EXPECT_TRUE(person.isTold("cannot inject"));
     });
 }
 

@@ -1,11 +1,11 @@
-/**
- * The command line of the television browser.
- */
+/** What the command line asks of the television. */
 #ifndef COMMANDLINE_H
 #define COMMANDLINE_H
 
+#include "base/Result.h"
+#include "faults/FaultRule.h"
 #include "faults/InjectedReport.h"
-#include "remote/RemoteKeys.h"
+#include "remote/KeySequence.h"
 
 #include <QList>
 #include <QPair>
@@ -16,39 +16,38 @@
 namespace tv {
 
 struct CommandLine {
-    QString target;                        /**< address, file or folder to open */
-    QList<QPair<QString, QString>> mounts; /**< further folders to serve: name, folder */
-    QString pluginFolder;                  /**< where the plug-in module is; empty for beside the program */
-    QString profileFolder;                 /**< what the television remembers; empty for nothing */
-    QString userAgent;                     /**< empty for the profile's own */
-    QString trustFile;                     /**< certificates that https accepts too; empty for none */
-    QString timelineFile;                  /**< empty for none */
-    QString screenshotFile;                /**< empty for none */
-    std::optional<double> screenshotAfter; /**< seconds; none: at the verdict, or after a default time without one */
-    std::optional<double> exitAfter;       /**< seconds; always there with a verdict */
-    QList<RemoteKeyStep> keys;             /**< to be pressed once the page is there */
-    QStringList faults;                    /**< `PATTERN=FAULTS` each, good ones */
-    QList<InjectedReport> reports;         /**< of the player, in seconds after the page is there */
+    QString target;                        ///< address, file or folder to open
+    QList<QPair<QString, QString>> mounts; ///< further folders to serve: name, folder
+    QString pluginFolder;                  ///< of the plug-in module; empty for the one beside the program
+    QString profileFolder;                 ///< empty for a profile that ends with the program
+    QString userAgent;                     ///< empty for the profile's own
+    QString trustFile;                     ///< certificates that https accepts too; empty for none
+    QString timelineFile;                  ///< empty for none
+    QString screenshotFile;                ///< empty for none
+    std::optional<double> screenshotAfter; ///< seconds since the start; none: at the verdict
+    std::optional<double> exitAfter;       ///< seconds since the start; always there with a verdict
+    QList<KeyStep> keys;                   ///< to press once the page is loaded
+    QList<FaultRule> faults;
+    QList<InjectedReport> reports; ///< of the player, in seconds after the page is loaded
     bool headless = false;
-    bool inspect = false; /**< with the inspector from the start */
+    bool inspect = false; ///< show the inspector from the start
     bool spatialNavigation = true;
-    bool firstStart = false; /**< the profile's cookies and storage are forgotten first */
-    bool panel = false;      /**< the timeline beside the picture from the start */
+    bool firstStart = false; ///< remove the profile's cookies and storage first
+    bool panel = false;      ///< show the timeline from the start
     bool trace = false;
     bool verdict = false;
 };
 
-/** What came of reading the arguments: a command line to carry out, or a text for the user and an exit code. */
-struct CommandLineResult {
-    std::optional<CommandLine> commandLine;
+/** A text for the user, with which the program ends at once. */
+struct CommandLineEnd {
     QString text;
-    int exitCode = 0;
+    int exitCode = 0; ///< 0: the text is what the user asked for; else what is wrong
 };
 
 /** @param arguments the program's name first */
-CommandLineResult parseCommandLine(const QStringList& arguments);
+Result<CommandLine, CommandLineEnd> parseCommandLine(const QStringList& arguments);
 
-/** @return which of the arguments of a good command line is the target */
+/** @return the index of the target among the arguments of a command line that parseCommandLine() accepts */
 int targetIndex(const QStringList& arguments);
 
 } // namespace tv

@@ -22,7 +22,7 @@ void gdkMessage(const char*, GLogLevelFlags, const char*, void*) {}
 
 void dropMissingDesktopMessages() {
     defaultHandler = qInstallMessageHandler(qtMessage);
-    // Where GTK 2 is installed, the engine asks it for a display; nobody else here uses GDK.
+    // Where GTK 2 is installed, the engine asks it for a display; nothing else here uses GDK.
     g_log_set_handler("Gdk", G_LOG_LEVEL_CRITICAL, gdkMessage, nullptr);
 }
 

@@ -1,12 +1,10 @@
-/**
- * Keeps quiet what the engine's libraries say about the desktop that is missing in a run without one.
- */
+/** Messages of the engine's libraries in a run without a desktop. */
 #ifndef HEADLESSMESSAGES_H
 #define HEADLESSMESSAGES_H
 
 namespace tv {
 
-/** Call before there is an application. Everything else that the libraries say stays as it is. */
+/** Drops the messages about the missing desktop, and no others. Call it before there is an application. */
 void dropMissingDesktopMessages();
 
 } // namespace tv

@@ -1,21 +1,17 @@
-/**
- * The television switched on: one page from its opening to the end that the command line names.
- */
+/** The television, switched on. */
 #ifndef TELEVISION_H
 #define TELEVISION_H
 
+#include "app/Automation.h"
 #include "app/CommandLine.h"
+#include "app/LocalSite.h"
+#include "app/TimelineRecording.h"
 #include "desk/Desk.h"
 #include "desk/TvWindow.h"
 #include "faults/NetworkFaults.h"
 #include "page/Profile.h"
 #include "page/TvPage.h"
-#include "remote/KeyRepeat.h"
 #include "screen/Compositor.h"
-#include "screen/ScreenProbe.h"
-#include "server/LoopbackServer.h"
-#include "timeline/Timeline.h"
-#include "timeline/TimelineFile.h"
 
 #include <QObject>
 #include <cstdint>
@@ -23,24 +19,25 @@
 
 namespace tv {
 
+/** Puts the parts of the television together, opens the page, and runs until the user or the command line ends it. */
 class Television : public QObject {
     Q_OBJECT
 public:
     /**
-     * @param commandLine what to do; outlives this object
-     * @param startUs     when the program started, CLOCK_MONOTONIC in microseconds
+     * @param commandLine outlives this object
+     * @param startUs     the program's start, CLOCK_MONOTONIC in microseconds
      */
     Television(const CommandLine& commandLine, int64_t startUs);
     ~Television() override;
 
     /**
-     * Opens the page, and runs until the end.
+     * Opens the page, and returns when the television is switched off.
      * @param pluginModule path of the plug-in module that the engine is expected to use
      * @return the program's exit code
      */
     int run(const QString& pluginModule);
 
-    /** What the program is to go on with. */
+    /** How the program continues after run(). */
     struct Restart {
         QString target;            ///< empty: the program ends
         bool isFirstStart = false; ///< with an empty profile
@@ -48,38 +45,24 @@ public:
     const Restart& wantedRestart() const { return m_restart; }
 
 private:
-    void keepTimeline();
-    bool serve(QUrl& url);
-    void setFaults(const QUrl& url);
-    QString addressName(const QUrl& url) const;
-    void pageLoaded();
-    void pageFailed(const QString& reason);
+    Result<void, QString> checkPlugin(const QString& pluginModule);
+    void setFaults(const QUrl& page);
     void openAddress(const QString& address);
     void restart(const QString& target, bool isFirstStart);
-    void titleChanged(const QString& title);
-    void pressNextKey();
     void sendKey(const RemoteKey& key, bool pressed, bool isRepeat);
-    void takeScreenshot();
-    void timeUp();
-    void after(double seconds, void (Television::*action)());
 
     const CommandLine& m_commandLine;
-    const int64_t m_startUs;
-    std::unique_ptr<TimelineFile> m_timelineFile;
-    std::unique_ptr<Timeline> m_timeline; ///< null when nobody looks at it
-    LoopbackServer m_server;              // Outlives the page: its players are readers.
-    QString m_serverAddress;              // A page that goes while it loads still names its address.
+    // The recording and the site outlive the page: it still says things while it goes, and its players are readers.
+    TimelineRecording m_recording;
+    LocalSite m_site;
     Profile m_profile;
     TvPage m_page;
     NetworkFaults m_faults;
     Compositor m_screen;
-    std::unique_ptr<ScreenProbe> m_probe;
-    std::unique_ptr<TvWindow> m_window;
-    std::unique_ptr<Desk> m_desk; ///< of the window
-    KeyRepeat m_heldKey;          ///< of the command line's keys
+    std::unique_ptr<TvWindow> m_window; ///< null when headless
+    std::unique_ptr<Desk> m_desk;       ///< of the window
+    std::unique_ptr<Automation> m_automation;
     Restart m_restart;
-    int m_nextKey = 0;
-    bool m_wasLoaded = false;
 };
 
 } // namespace tv

@@ -18,10 +18,10 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-/** For leaving in order: page, players, trace. */
+/** For an end in order: of the page, the players and the trace. */
 constexpr milliseconds grace(5000);
 
-/** @return poll's time limit */
+/** @return the time limit for poll() */
 int remaining(const std::optional<Clock::time_point>& deadline) {
     if (!deadline) {
         return -1;
@@ -64,7 +64,7 @@ void Watchdog::watch(std::optional<double> endsWithin) const {
         signalfd_siginfo info{};
         if (count == 0) {
             printError(
-                QStringLiteral("the page does not let the program end, perhaps an endless script; ended by force"));
+                QStringLiteral("the page keeps the program from ending, perhaps by an endless script; ended by force"));
             _exit(exitCode);
         } else if (count > 0 && read(m_signals, &info, sizeof info) == sizeof info) {
             exitCode = 128 + static_cast<int>(info.ssi_signo);

@@ -1,7 +1,4 @@
-/**
- * Sees to it that the program ends: in order on SIGINT and SIGTERM, and by force when a page's endless script, or
- * whatever else, keeps it from ending.
- */
+/** Makes sure that the program ends. */
 #ifndef WATCHDOG_H
 #define WATCHDOG_H
 
@@ -10,11 +7,15 @@
 
 namespace tv {
 
+/**
+ * Ends the program in order on SIGINT and SIGTERM, and by force when a page's endless script, or anything else, keeps
+ * it from ending.
+ */
 class Watchdog {
 public:
     /**
-     * Takes over the two signals. To be made before other threads, which inherit that, and to outlive the application.
-     * @param endsWithin seconds after which the program ends by itself; nothing when it runs until it is told
+     * Takes over the two signals. Construct it before other threads, which inherit that; it outlives the application.
+     * @param endsWithin seconds after which the program ends by itself; nothing when it runs until the user ends it
      */
     explicit Watchdog(std::optional<double> endsWithin);
     ~Watchdog();

@@ -34,19 +34,19 @@ QString defaultPluginFolder() {
     return QFileInfo::exists(built) ? built : programFolder() + QStringLiteral("/" TV_BROWSER_PLUGIN_FOLDER);
 }
 
-/** @return why the module cannot be loaded, or an empty text when it can. It stays loaded. */
-QString loadProblem(const QString& module) {
+/** Loads the module, which stays loaded. @return why it cannot be loaded */
+Result<void, QString> load(const QString& module) {
     if (!QFileInfo::exists(module)) {
-        return QStringLiteral("the plug-in %1 does not exist; build it, or name its folder with --plugin-path")
-            .arg(module);
+        return Failure{QStringLiteral("the plug-in %1 does not exist; build it, or name its folder with --plugin-path")
+                           .arg(module)};
     }
     if (!dlopen(QFile::encodeName(module).constData(), RTLD_LAZY | RTLD_LOCAL)) {
-        return QStringLiteral("the plug-in cannot be loaded: %1").arg(QString::fromLocal8Bit(dlerror()));
+        return Failure{QStringLiteral("the plug-in cannot be loaded: %1").arg(QString::fromLocal8Bit(dlerror()))};
     }
     return {};
 }
 
-/** Decides between a window and none, before Qt does. */
+/** Chooses between a window and none, before Qt does. */
 void choosePlatform(CommandLine& commandLine) {
     const bool hasDisplay = !qEnvironmentVariableIsEmpty("DISPLAY") ||
                             !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
@@ -61,30 +61,37 @@ void choosePlatform(CommandLine& commandLine) {
     }
 }
 
-/** Prepares the profile and the trusted certificates. @return why that cannot be done; empty when it is */
-QString applySettings(const CommandLine& commandLine) {
-    if (!commandLine.trustFile.isEmpty()) {
-        const QList<QSslCertificate> certificates = QSslCertificate::fromPath(commandLine.trustFile);
-        if (certificates.isEmpty()) {
-            return QStringLiteral("--trust %1: no certificate in PEM form there").arg(commandLine.trustFile);
-        }
-        QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-        configuration.setCaCertificates(configuration.caCertificates() + certificates);
-        QSslConfiguration::setDefaultConfiguration(configuration);
-        mediaRequestsTrustCertificate(QFile::encodeName(commandLine.trustFile).constData());
+/** Makes the engine and the players accept the certificates of --trust. @return why that cannot be done */
+Result<void, QString> trustCertificates(const QString& file) {
+    if (file.isEmpty()) {
+        return {};
     }
-    if (!commandLine.profileFolder.isEmpty()) {
-        if (!QDir().mkpath(commandLine.profileFolder)) {
-            return QStringLiteral("--profile %1: the folder cannot be made").arg(commandLine.profileFolder);
-        }
-        if (commandLine.firstStart) {
-            Profile::clearFolder(commandLine.profileFolder);
-        }
+    const QList<QSslCertificate> certificates = QSslCertificate::fromPath(file);
+    if (certificates.isEmpty()) {
+        return Failure{QStringLiteral("--trust %1: the file has no certificate in PEM form").arg(file)};
+    }
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setCaCertificates(configuration.caCertificates() + certificates);
+    QSslConfiguration::setDefaultConfiguration(configuration);
+    mediaRequestsTrustCertificate(QFile::encodeName(file).constData());
+    return {};
+}
+
+/** @return why the folder of --profile cannot be used */
+Result<void, QString> prepareProfile(const QString& folder, bool isFirstStart) {
+    if (folder.isEmpty()) {
+        return {};
+    }
+    if (!QDir().mkpath(folder)) {
+        return Failure{QStringLiteral("--profile %1: the folder cannot be created").arg(folder)};
+    }
+    if (isFirstStart) {
+        Profile::clearFolder(folder);
     }
     return {};
 }
 
-/** Becomes the program anew, without pressing keys again. @return the exit code, when that is not possible */
+/** Replaces the program by a new run of it, without --keys. @return the exit code when that is not possible */
 int startAnew(QStringList arguments, const Television::Restart& restart) {
     const QString firstStart = QStringLiteral("--first-start");
     arguments.replace(targetIndex(arguments), restart.target);
@@ -92,7 +99,7 @@ int startAnew(QStringList arguments, const Television::Restart& restart) {
     if (restart.isFirstStart) {
         arguments.append(firstStart);
     }
-    arguments += {QStringLiteral("--keys"), QStringLiteral("wait:0")}; // the last one counts
+    arguments += {QStringLiteral("--keys"), QStringLiteral("wait:0")}; // The last one counts.
     std::vector<QByteArray> texts;
     std::vector<char*> pointers;
     texts.reserve(static_cast<size_t>(arguments.size()));
@@ -102,7 +109,7 @@ int startAnew(QStringList arguments, const Television::Restart& restart) {
     }
     pointers.push_back(nullptr);
     execv("/proc/self/exe", pointers.data());
-    printError(QStringLiteral("cannot start anew: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    printError(QStringLiteral("cannot restart: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     return 1;
 }
 
@@ -114,21 +121,22 @@ int main(int argc, char* argv[]) {
     for (int i = 0; i < argc; ++i) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     }
-    CommandLineResult result = parseCommandLine(arguments);
-    if (!result.commandLine) {
-        std::fputs(qUtf8Printable(result.text), result.exitCode == 0 ? stdout : stderr);
-        return result.exitCode;
+    auto parsed = parseCommandLine(arguments);
+    if (!parsed) {
+        const CommandLineEnd& end = parsed.reason();
+        std::fputs(qUtf8Printable(end.text), end.exitCode == 0 ? stdout : stderr);
+        return end.exitCode;
     }
-    CommandLine& commandLine = *result.commandLine;
+    CommandLine& commandLine = *parsed;
 
     choosePlatform(commandLine);
     const QString pluginFolder =
         QDir(commandLine.pluginFolder.isEmpty() ? defaultPluginFolder() : commandLine.pluginFolder).absolutePath();
     const QString pluginModule = pluginFolder + QStringLiteral("/npavcontrol.so");
     const Watchdog watchdog(commandLine.exitAfter);
-    const QString problem = loadProblem(pluginModule);
-    if (!problem.isEmpty()) {
-        printError(problem);
+    const auto loaded = load(pluginModule);
+    if (!loaded) {
+        printError(loaded.reason());
         return 1;
     }
     qputenv("QTWEBKIT_PLUGIN_PATH", QFile::encodeName(pluginFolder));
@@ -136,10 +144,12 @@ int main(int argc, char* argv[]) {
     int engineArgc = 1;
     QApplication application(engineArgc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tv-browser"));
-    const QString settingsProblem = applySettings(commandLine);
-    if (!settingsProblem.isEmpty()) {
-        printError(settingsProblem);
-        return 1;
+    for (const auto& prepared : {trustCertificates(commandLine.trustFile),
+                                 prepareProfile(commandLine.profileFolder, commandLine.firstStart)}) {
+        if (!prepared) {
+            printError(prepared.reason());
+            return 1;
+        }
     }
     Television::Restart restart;
     int exitCode = 0;

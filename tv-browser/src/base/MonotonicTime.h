@@ -1,6 +1,4 @@
-/**
- * The clock of time stamps.
- */
+/** The clock of time stamps. */
 #ifndef MONOTONICTIME_H
 #define MONOTONICTIME_H
 

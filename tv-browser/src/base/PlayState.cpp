@@ -15,9 +15,9 @@ QString playStateName(PlayState state) {
 QString playbackErrorName(int code) {
     static constexpr std::array<const char*, playbackErrorCount> names = {
         "the format is not supported",
-        "no connection to the server, or it was lost",
-        "an error of no known kind",
-        "the television lacks the resources",
+        "cannot connect to the server, or the connection was lost",
+        "unidentified error",
+        "insufficient resources",
         "the content is corrupt or invalid",
         "the content is not available",
         "the content is not available at this position"};

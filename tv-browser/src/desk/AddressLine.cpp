@@ -11,8 +11,8 @@ constexpr int lineHeight = 36;
 
 } // namespace
 
-AddressLine::AddressLine(QWidget* picture) : QLineEdit(picture) {
-    setPlaceholderText(QStringLiteral("address, file or folder"));
+AddressLine::AddressLine(QWidget* screenView) : QLineEdit(screenView) {
+    setPlaceholderText(QStringLiteral("Address, file or folder"));
     setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white; border: 1px solid #5b6472;"
                                  "border-radius: 6px; padding: 0 10px;"));
     hide();
@@ -44,7 +44,7 @@ void AddressLine::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QLineEdit::keyPressEvent(event);
-    event->accept(); // What the line has no use for is not a key of the remote control either.
+    event->accept(); // A key that the line does not use must not become one of the remote control.
 }
 
 void AddressLine::focusOutEvent(QFocusEvent* event) {

@@ -1,6 +1,4 @@
-/**
- * The line over the top of the picture in which a person enters an address or a file.
- */
+/** The line in which the user enters an address or a file. */
 #ifndef ADDRESSLINE_H
 #define ADDRESSLINE_H
 
@@ -8,17 +6,18 @@
 
 namespace tv {
 
+/** An input line at the top of the screen; it closes with Escape, Return, or when it loses the focus. */
 class AddressLine : public QLineEdit {
     Q_OBJECT
 public:
-    /** @param picture what it lies on; takes it */
-    explicit AddressLine(QWidget* picture);
+    /** @param screenView its parent */
+    explicit AddressLine(QWidget* screenView);
 
-    /** Shows it with the present address, or hides it. */
+    /** Shows the line with the present address, or hides it. */
     void toggle(const QString& address);
 
 signals:
-    /** What was entered, without spaces around it; never empty. */
+    /** @param address what was entered, without spaces around it; never empty */
     void entered(const QString& address);
 
 protected:

@@ -1,6 +1,5 @@
 #include "desk/FaultPanel.h"
 
-#include "faults/FaultRule.h"
 #include "faults/NetworkFaults.h"
 
 #include <QComboBox>
@@ -38,7 +37,7 @@ const char* const examples[] = {"delay:3000",
                                 "norange",
                                 "delay:3000,throttle:50000"};
 
-QPushButton* makeButton(const char* text, QVBoxLayout& layout) {
+QPushButton* addButton(const char* text, QVBoxLayout& layout) {
     auto* button = new QPushButton(QString::fromLatin1(text));
     layout.addWidget(button);
     return button;
@@ -46,9 +45,9 @@ QPushButton* makeButton(const char* text, QVBoxLayout& layout) {
 
 } // namespace
 
-FaultPanel::FaultPanel(NetworkFaults& faults, const QStringList& rules)
-    : m_faults(faults), m_pattern(new QLineEdit(QStringLiteral("*"))), m_fault(new QComboBox), m_rules(new QListWidget),
-      m_problem(new QLabel) {
+FaultPanel::FaultPanel(NetworkFaults& faults, const QList<FaultRule>& rules)
+    : m_faults(faults), m_pattern(new QLineEdit(QStringLiteral("*"))), m_fault(new QComboBox), m_rules(rules),
+      m_list(new QListWidget), m_problem(new QLabel) {
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(QString::fromLatin1(panelStyle));
     setFixedWidth(panelWidth);
@@ -57,30 +56,28 @@ FaultPanel::FaultPanel(NetworkFaults& faults, const QStringList& rules)
     for (const char* example : examples) {
         m_fault->addItem(QString::fromLatin1(example));
     }
-    m_rules->setWordWrap(true);
-    m_rules->setTextElideMode(Qt::ElideMiddle);
-    m_rules->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_rules->addItems(rules);
+    m_list->setWordWrap(true);
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (const FaultRule& rule : m_rules) {
+        m_list->addItem(rule.text);
+    }
     m_problem->setObjectName(QStringLiteral("problem"));
     m_problem->setWordWrap(true);
 
     auto* layout = new QVBoxLayout(this);
-    auto* title = new QLabel(QStringLiteral("Faults of all servers by http, not by https"));
-    title->setWordWrap(true);
-    layout->addWidget(title);
-    layout->addWidget(new QLabel(QStringLiteral("Address, for example *.m4s")));
+    layout->addWidget(new QLabel(QStringLiteral("Network faults (plain HTTP only)")));
+    layout->addWidget(new QLabel(QStringLiteral("Address pattern, such as *.m4s")));
     layout->addWidget(m_pattern);
     layout->addWidget(new QLabel(QStringLiteral("Fault")));
     layout->addWidget(m_fault);
-    connect(makeButton("Add", *layout), &QPushButton::clicked, this, &FaultPanel::addRule);
+    connect(addButton("Add", *layout), &QPushButton::clicked, this, &FaultPanel::addRule);
     layout->addWidget(m_problem);
-    layout->addWidget(m_rules, 1);
-    connect(makeButton("Remove", *layout), &QPushButton::clicked, this, [this] {
-        delete m_rules->currentItem();
-        applyRules();
-    });
-    connect(makeButton("Remove all", *layout), &QPushButton::clicked, this, [this] {
-        m_rules->clear();
+    layout->addWidget(m_list, 1);
+    connect(addButton("Remove", *layout), &QPushButton::clicked, this, &FaultPanel::removeRule);
+    connect(addButton("Remove all", *layout), &QPushButton::clicked, this, [this] {
+        m_rules.clear();
+        m_list->clear();
         applyRules();
     });
 }
@@ -90,25 +87,29 @@ QSize FaultPanel::sizeHint() const {
 }
 
 void FaultPanel::addRule() {
-    const QString text = m_pattern->text() + QLatin1Char('=') + m_fault->currentText();
-    QString wrong;
-    if (!parseFaultRule(text, wrong)) {
-        m_problem->setText(QStringLiteral("\"%1\" is no fault; the list has examples").arg(wrong));
+    const auto rule = parseFaultRule(m_pattern->text() + QLatin1Char('=') + m_fault->currentText());
+    if (!rule) {
+        m_problem->setText(QStringLiteral("\"%1\" is not a fault; the list shows examples").arg(rule.reason()));
         return;
     }
-    m_problem->clear();
-    m_rules->addItem(text);
-    m_rules->setCurrentRow(m_rules->count() - 1);
+    m_rules.append(*rule);
+    m_list->addItem(rule->text);
+    m_list->setCurrentRow(m_list->count() - 1);
+    applyRules();
+}
+
+void FaultPanel::removeRule() {
+    const int row = m_list->currentRow();
+    if (row >= 0) {
+        m_rules.removeAt(row);
+        delete m_list->takeItem(row);
+    }
     applyRules();
 }
 
 void FaultPanel::applyRules() {
-    std::vector<ServerFaultRule> rules;
-    for (int row = 0; row < m_rules->count(); ++row) {
-        QString wrong;
-        rules.push_back(*parseFaultRule(m_rules->item(row)->text(), wrong));
-    }
-    m_problem->setText(m_faults.set(rules) ? QString() : QStringLiteral("No port is free: only local files go wrong"));
+    const auto applied = m_faults.set(m_rules);
+    m_problem->setText(applied ? QString() : applied.reason());
 }
 
 } // namespace tv

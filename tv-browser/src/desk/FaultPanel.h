@@ -1,10 +1,10 @@
-/**
- * The faults of servers, to switch on and off while a page runs.
- */
+/** The panel of network faults. */
 #ifndef FAULTPANEL_H
 #define FAULTPANEL_H
 
-#include <QStringList>
+#include "faults/FaultRule.h"
+
+#include <QList>
 #include <QWidget>
 
 class QComboBox;
@@ -16,25 +16,28 @@ namespace tv {
 
 class NetworkFaults;
 
+/** Lists the rules of NetworkFaults, to add and remove while a page runs. */
 class FaultPanel : public QWidget {
     Q_OBJECT
 public:
     /**
      * @param faults outlives the panel
-     * @param rules  those that are there at the start: `PATTERN=FAULTS` each
+     * @param rules  that are in force already
      */
-    FaultPanel(NetworkFaults& faults, const QStringList& rules);
+    FaultPanel(NetworkFaults& faults, const QList<FaultRule>& rules);
 
     QSize sizeHint() const override;
 
 private:
     void addRule();
+    void removeRule();
     void applyRules();
 
     NetworkFaults& m_faults;
     QLineEdit* m_pattern;
     QComboBox* m_fault;
-    QListWidget* m_rules;
+    QList<FaultRule> m_rules;
+    QListWidget* m_list; ///< the texts of m_rules
     QLabel* m_problem;
 };
 

@@ -1,31 +1,18 @@
 #include "desk/KeyboardHelp.h"
 
+#include "remote/KeyHelp.h"
+
 #include <QFontDatabase>
 
 namespace tv {
 
-const char* keyboardHelpText() {
-    return R"(Remote control          Keyboard              Remote control    Keyboard
-  LEFT UP RIGHT DOWN    arrow keys            RED               F2 or r
-  ENTER                 Enter                 GREEN             F3 or g
-  BACK                  Backspace or Escape   YELLOW            F4 or y
-  0 to 9                0 to 9                BLUE              F5 or b
-  PLAY                  p                     REWIND            , (comma)
-  PAUSE                 Space                 FAST_FWD          . (full stop)
-  STOP                  s                     INFO              i
-  TELETEXT              t                     SUBTITLE          u
-  PLAY_PAUSE, TRACK_PREV, TRACK_NEXT          the keyboard's own media keys
-Window                  Keyboard              Window            Keyboard
-  menu                  F10                   timeline          F9
-  reload                F7                    inspector         F12
-  as at first start     Shift+F7              screenshot        F8
-  address               Ctrl+L                remote control    F6
-  back, forward         Alt+Left, Alt+Right   full screen       F11
-  this table            F1
-)";
-}
+namespace {
 
-KeyboardHelp::KeyboardHelp(QWidget* window) : QLabel(QString::fromLatin1(keyboardHelpText()).trimmed(), window) {
+constexpr qreal leastPoints = 4;
+
+} // namespace
+
+KeyboardHelp::KeyboardHelp(QWidget* window) : QLabel(keyHelpText().trimmed(), window) {
     setTextFormat(Qt::PlainText);
     setMargin(16);
     setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white;"));
@@ -33,7 +20,6 @@ KeyboardHelp::KeyboardHelp(QWidget* window) : QLabel(QString::fromLatin1(keyboar
 }
 
 void KeyboardHelp::toggle() {
-    constexpr qreal leastPoints = 4;
     QFont letters = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     setFont(letters);
     while (sizeHint().boundedTo(parentWidget()->size()) != sizeHint() && letters.pointSizeF() > leastPoints) {

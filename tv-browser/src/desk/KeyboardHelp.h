@@ -1,6 +1,4 @@
-/**
- * What the keys of the keyboard do: one text, for the command line and for the window.
- */
+/** The table of keys over the television's window. */
 #ifndef KEYBOARDHELP_H
 #define KEYBOARDHELP_H
 
@@ -8,17 +6,14 @@
 
 namespace tv {
 
-/** @return a table in lines of at most 80 characters, made for a fixed-width font */
-const char* keyboardHelpText();
-
-/** The table over the television's window, until a click or the key that has brought it. */
+/** Shows keyHelpText() until a click, or until the key that has opened it. */
 class KeyboardHelp : public QLabel {
     Q_OBJECT
 public:
-    /** @param window what it lies on; takes it */
+    /** @param window its parent */
     explicit KeyboardHelp(QWidget* window);
 
-    /** Shows it in the middle of the window, in letters that make it fit there; or hides it. */
+    /** Shows the table in the middle of the window, in a size that fits there; or hides it. */
     void toggle();
 
 protected:

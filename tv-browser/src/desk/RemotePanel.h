@@ -1,6 +1,4 @@
-/**
- * The remote control on the screen, for the mouse.
- */
+/** The remote control on the screen. */
 #ifndef REMOTEPANEL_H
 #define REMOTEPANEL_H
 
@@ -12,24 +10,24 @@ class QGridLayout;
 
 namespace tv {
 
+/** Buttons for all keys that have one, pressed and held with the mouse. */
 class RemotePanel : public QWidget {
     Q_OBJECT
 public:
-    /** @param spatialNavigation whether the arrow keys move the focus at first */
+    /** @param spatialNavigation whether the arrow keys move the focus at the start */
     explicit RemotePanel(bool spatialNavigation);
 
     QSize sizeHint() const override;
 
 signals:
     void remoteKey(const RemoteKey& key, bool pressed, bool isRepeat);
-    /** The user has switched whether the arrow keys move the focus. */
+    /** The user wants the arrow keys to move the focus, or no longer. */
     void spatialNavigationSwitched(bool on);
 
 private:
-    void addButton(QGridLayout& grid, int row, int column, int span, const char* name, const QString& label,
-                   const char* colour);
+    void addButton(QGridLayout& grid, const RemoteKey& key);
 
-    KeyRepeat m_hold;
+    KeyRepeat m_heldKey;
 };
 
 } // namespace tv

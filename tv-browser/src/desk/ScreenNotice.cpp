@@ -10,23 +10,23 @@ namespace tv {
 namespace {
 
 constexpr int shownMs = 8'000;
-constexpr int distance = 12; ///< from the picture's edges
+constexpr int distance = 12; ///< from the screen's edges
 constexpr int padding = 10;
 
 } // namespace
 
-ScreenNotice::ScreenNotice(QWidget* picture) : QLabel(picture) {
+ScreenNotice::ScreenNotice(QWidget* screenView) : QLabel(screenView) {
     setTextFormat(Qt::PlainText);
     setMargin(padding);
     setStyleSheet(QStringLiteral("background: rgba(20, 22, 28, 235); color: white; border-radius: 6px;"));
     m_end.setSingleShot(true);
     m_end.setInterval(shownMs);
     connect(&m_end, &QTimer::timeout, this, &QWidget::hide);
-    picture->installEventFilter(this);
+    screenView->installEventFilter(this);
     hide();
 }
 
-void ScreenNotice::tell(const QString& what, const QString& advice) {
+void ScreenNotice::notify(const QString& what, const QString& advice) {
     show(0, advice.isEmpty() ? QStringList(what) : QStringList{what, advice});
 }
 
@@ -36,9 +36,9 @@ void ScreenNotice::clearPage() {
     }
 }
 
-void ScreenNotice::append(const TimelineEntries& entries) {
+void ScreenNotice::showProblems(const TimelineEntries& entries) {
     for (const TimelineEntry& entry : entries) {
-        const QString advice = QStringLiteral("F9 shows the requests and the player's reports that led to it.");
+        const QString advice = QStringLiteral("Press F9 to see the requests and player reports that led to it.");
         const auto* state = entry.as<timeline::State>();
         if (const auto* error = entry.as<timeline::Error>()) {
             const QString cause = playerText(error->cause);
@@ -62,17 +62,17 @@ void ScreenNotice::show(int object, const QStringList& lines) {
     m_object = object;
     m_lines = lines;
     m_end.start();
-    place();
+    reposition();
     raise();
     setVisible(true);
 }
 
-/** Of an address that is too long, server and file name are what counts. */
-void ScreenNotice::place() {
-    const int room = parentWidget()->width() - 2 * (distance + padding);
+/** Shortens long addresses in the middle: the server and the file name stay. */
+void ScreenNotice::reposition() {
+    const int availableWidth = parentWidget()->width() - 2 * (distance + padding);
     QStringList lines;
     for (const QString& line : m_lines) {
-        lines.append(fontMetrics().elidedText(line, Qt::ElideMiddle, room));
+        lines.append(fontMetrics().elidedText(line, Qt::ElideMiddle, availableWidth));
     }
     setText(lines.join(QLatin1Char('\n')));
     adjustSize();
@@ -81,7 +81,7 @@ void ScreenNotice::place() {
 
 bool ScreenNotice::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::Resize && isVisible()) {
-        place();
+        reposition();
     }
     return false;
 }

@@ -1,6 +1,4 @@
-/**
- * What a person in front of the picture has to know now, in a few lines over its foot: what happened, and what to do.
- */
+/** Notices on the screen. */
 #ifndef SCREENNOTICE_H
 #define SCREENNOTICE_H
 
@@ -11,32 +9,33 @@
 
 namespace tv {
 
+/** A few lines at the foot of the screen that the user needs now: what happened, and what to do. */
 class ScreenNotice : public QLabel {
     Q_OBJECT
 public:
-    /** @param picture what it lies on; takes it */
-    explicit ScreenNotice(QWidget* picture);
+    /** @param screenView its parent */
+    explicit ScreenNotice(QWidget* screenView);
 
-    /** Shows a notice of the page or the window for some seconds, in place of another one. */
-    void tell(const QString& what, const QString& advice = {});
+    /** Shows a notice about the page or the window for some seconds; it replaces the present one. */
+    void notify(const QString& what, const QString& advice = {});
 
-    /** Takes a notice of the page or the window away; one of an object stays. */
+    /** Hides a notice about the page or the window; one about an object stays. */
     void clearPage();
 
-    /** Shows errors and stalls. They go with their object, or when it plays. */
-    void append(const TimelineEntries& entries);
+    /** Shows the errors and stalls among the entries. Each is hidden when its object plays or has gone. */
+    void showProblems(const TimelineEntries& entries);
 
 protected:
-    bool eventFilter(QObject* picture, QEvent* event) override;
+    bool eventFilter(QObject* screenView, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void show(int object, const QStringList& lines);
-    void place();
+    void reposition();
 
     QTimer m_end;
     QStringList m_lines;
-    int m_object = 0; ///< that the notice is about; 0: page or window
+    int m_object = 0; ///< number of the object that the notice is about; 0: page or window
 };
 
 } // namespace tv

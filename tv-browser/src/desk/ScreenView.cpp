@@ -13,7 +13,7 @@ ScreenView::ScreenView(Compositor& screen, QWidget* parent) : QWidget(parent), m
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMinimumSize(tvScreenSize / 5);
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // It has what the panels leave.
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // It takes the space that the panels leave.
     connect(&screen, &Compositor::changed, this, &ScreenView::updatePart);
 }
 
@@ -21,13 +21,13 @@ QSize ScreenView::sizeHint() const {
     return tvScreenSize;
 }
 
-QRectF ScreenView::pictureArea() const {
+QRectF ScreenView::screenArea() const {
     const QSizeF size = QSizeF(tvScreenSize).scaled(QSizeF(width(), height()), Qt::KeepAspectRatio);
     return {QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size};
 }
 
 void ScreenView::updatePart(const QRegion& region) {
-    const QRectF area = pictureArea();
+    const QRectF area = screenArea();
     const qreal scale = area.width() / tvScreenSize.width();
     const QTransform toWidget = QTransform(scale, 0, 0, scale, area.x(), area.y());
     QRegion part;
@@ -44,7 +44,7 @@ void ScreenView::focusOutEvent(QFocusEvent* event) {
 }
 
 void ScreenView::paintEvent(QPaintEvent* event) {
-    const QRectF area = pictureArea();
+    const QRectF area = screenArea();
     QPainter painter(this);
     painter.setClipRegion(event->region());
     if (area.size() != QSizeF(size())) {

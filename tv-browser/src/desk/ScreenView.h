@@ -1,6 +1,4 @@
-/**
- * The television's picture as a widget, in the right shape at any size.
- */
+/** The television's screen as a widget. */
 #ifndef SCREENVIEW_H
 #define SCREENVIEW_H
 
@@ -10,6 +8,7 @@ namespace tv {
 
 class Compositor;
 
+/** Shows the screen at any size, in its own aspect ratio. */
 class ScreenView : public QWidget {
     Q_OBJECT
 public:
@@ -19,7 +18,7 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /** The keyboard is another window's, widget's or menu's now. */
+    /** Another window, widget or menu has the keyboard now. */
     void keyboardLost();
 
 protected:
@@ -27,7 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF pictureArea() const;
+    QRectF screenArea() const;
     void updatePart(const QRegion& region);
 
     Compositor& m_screen;

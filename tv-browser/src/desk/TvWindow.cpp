@@ -9,15 +9,15 @@
 
 namespace tv {
 
-TvWindow::TvWindow(Compositor& screen) : m_layout(this), m_picture(new ScreenView(screen, this)) {
+TvWindow::TvWindow(Compositor& screen) : m_layout(this), m_screenView(new ScreenView(screen, this)) {
     setWindowTitle(QStringLiteral("HbbTV"));
     m_layout.setContentsMargins(0, 0, 0, 0);
     m_layout.setSpacing(0);
-    m_layout.addWidget(m_picture, 1);
-    resize(m_picture->sizeHint().boundedTo(QWidget::screen()->availableSize()));
-    m_picture->setFocus();
+    m_layout.addWidget(m_screenView, 1);
+    resize(m_screenView->sizeHint().boundedTo(QWidget::screen()->availableSize()));
+    m_screenView->setFocus();
     connect(&m_keyboard, &KeyboardRemote::remoteKey, this, &TvWindow::remoteKey);
-    connect(m_picture, &ScreenView::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
+    connect(m_screenView, &ScreenView::keyboardLost, &m_keyboard, &KeyboardRemote::leave);
 }
 
 void TvWindow::addPanel(QWidget* panel, Side side) {
@@ -31,14 +31,14 @@ void TvWindow::showPanel(QWidget& panel, bool visible) {
     }
     const int before = width();
     panel.setVisible(visible);
-    m_layout.activate(); // so that the window knows how small it may be
+    m_layout.activate(); // The window then knows its minimum size.
     if (!isMaximized() && !isFullScreen()) {
         const int wanted = before + (visible ? panel.sizeHint().width() : -m_grownFor.value(&panel));
         resize(qMin(wanted, QWidget::screen()->availableGeometry().width()), height());
     }
     m_grownFor[&panel] = visible ? width() - before : 0;
     if (!visible) {
-        m_picture->setFocus();
+        m_screenView->setFocus();
     }
 }
 
@@ -46,11 +46,11 @@ void TvWindow::toggleFullScreen() {
     setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
-/** The keys of the remote control are for the picture; a panel that has the focus keeps its own. */
+/** While a panel has the focus, the keys are the panel's and not the remote control's. */
 void TvWindow::keyPressEvent(QKeyEvent* event) {
-    if (!m_picture->hasFocus()) {
+    if (!m_screenView->hasFocus()) {
         if (event->key() == Qt::Key_Escape) {
-            m_picture->setFocus();
+            m_screenView->setFocus();
         }
         return;
     }
@@ -61,7 +61,7 @@ void TvWindow::keyReleaseEvent(QKeyEvent* event) {
     m_keyboard.release(*event);
 }
 
-/** Other windows, as the inspector's, do not keep the television on. */
+/** Other windows, such as the inspector's, do not keep the television on. */
 void TvWindow::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
     QCoreApplication::exit(0);

@@ -1,6 +1,4 @@
-/**
- * The television's window: its picture, panels beside it, and the keyboard as remote control.
- */
+/** The television's window. */
 #ifndef TVWINDOW_H
 #define TVWINDOW_H
 
@@ -12,10 +10,11 @@
 
 namespace tv {
 
-class ScreenView;
 class Compositor;
+class ScreenView;
 struct RemoteKey;
 
+/** Holds the screen and panels beside it, and makes the keyboard a remote control. */
 class TvWindow : public QWidget {
     Q_OBJECT
 public:
@@ -24,13 +23,13 @@ public:
     /** @param screen outlives the window */
     explicit TvWindow(Compositor& screen);
 
-    /** Puts a panel beside the picture; the window takes it. Its size policy decides whether it stretches. */
+    /** Adds a hidden panel beside the screen, and owns it. Its size policy decides whether it stretches. */
     void addPanel(QWidget* panel, Side side);
 
-    /** Shows or hides a panel, and gives the window the room for it, so that the picture keeps its size. */
+    /** Shows or hides a panel. The window grows or shrinks by as much, so that the screen keeps its size. */
     void showPanel(QWidget& panel, bool visible);
 
-    ScreenView& picture() { return *m_picture; }
+    ScreenView& screenView() { return *m_screenView; }
 
     void toggleFullScreen();
 
@@ -44,8 +43,8 @@ protected:
 
 private:
     QHBoxLayout m_layout;
-    QHash<const QWidget*, int> m_grownFor; ///< pixels, by panel
-    ScreenView* m_picture;
+    QHash<const QWidget*, int> m_grownFor; ///< pixels in width, by panel
+    ScreenView* m_screenView;
     KeyboardRemote m_keyboard;
 };
 

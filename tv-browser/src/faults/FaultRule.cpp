@@ -1,29 +1,28 @@
 #include "faults/FaultRule.h"
 
+#include <optional>
+
 namespace tv {
 
-std::optional<ServerFaultRule> parseFaultRule(const QString& text, QString& wrong) {
+Result<FaultRule, QString> parseFaultRule(const QString& text) {
     const QLatin1Char separator('=');
-    wrong = text;
-    bool isFirst = true;
-    // Patterns and content types may have the separator too: the first one counts that faults follow.
+    std::optional<QString> wrong;
+    // Patterns and content types may contain the separator too: the first one that faults follow counts.
     for (int i = text.indexOf(separator); i >= 0; i = text.indexOf(separator, i + 1)) {
         const QString pattern = text.left(i).trimmed();
         const QString faults = text.mid(i + 1).trimmed();
         if (pattern.isEmpty() || QString(faults).remove(QLatin1Char(',')).isEmpty()) {
             continue;
         }
-        std::string wrongFault;
-        const auto fault = parseServerFault(faults.toStdString(), wrongFault);
+        const auto fault = parseServerFault(faults.toStdString());
         if (fault) {
-            return ServerFaultRule{pattern.toStdString(), *fault};
+            return FaultRule{text, {pattern.toStdString(), *fault}};
         }
-        if (isFirst) {
-            wrong = QString::fromStdString(wrongFault);
-            isFirst = false;
+        if (!wrong) {
+            wrong = QString::fromStdString(fault.reason());
         }
     }
-    return std::nullopt;
+    return Failure{wrong.value_or(text)};
 }
 
 } // namespace tv

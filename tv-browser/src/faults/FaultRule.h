@@ -1,21 +1,25 @@
-/**
- * Faults of servers, by address pattern, as a person writes them.
- */
+/** Network faults, by address pattern, as a person writes them. */
 #ifndef FAULTRULE_H
 #define FAULTRULE_H
 
-#include "server/LoopbackServer.h"
+#include "base/Result.h"
+#include "server/ServerFault.h"
 
 #include <QString>
-#include <optional>
 
 namespace tv {
 
+struct FaultRule {
+    QString text; ///< `PATTERN=FAULTS`, as it was written
+    ServerFaultRule rule;
+};
+
 /**
+ * Reads a rule.
  * @param text `PATTERN=FAULTS`: ServerFaultRule::pattern, and what parseServerFault reads
- * @param wrong receives the part that cannot be read
+ * @return the rule; or the part of the text that cannot be read
  */
-std::optional<ServerFaultRule> parseFaultRule(const QString& text, QString& wrong);
+Result<FaultRule, QString> parseFaultRule(const QString& text);
 
 } // namespace tv
 

@@ -1,6 +1,7 @@
 #include "faults/InjectedReport.h"
 
 #include "base/PlayState.h"
+#include "base/Seconds.h"
 #include "media_injection.h"
 
 #include <QStringList>
@@ -9,15 +10,15 @@ namespace tv {
 
 namespace {
 
-constexpr int rightsErrors = 2; // OIPF DAE, onDRMRightsError: 0 no licence, 1 an invalid one
+constexpr int rightsErrors = 2; // OIPF DAE, onDRMRightsError: 0 no licence, 1 invalid licence
 
 QList<InjectedReport> makeReports() {
     QList<InjectedReport> reports = {
         {QStringLiteral("buffering"), QStringLiteral("buffering begins"), eMEDIA_CALLBACK_BUFFERING, 0, 0},
-        {QStringLiteral("playing"), QStringLiteral("playing goes on"), eMEDIA_CALLBACK_PLAYING, 0, 0},
+        {QStringLiteral("playing"), QStringLiteral("playback continues"), eMEDIA_CALLBACK_PLAYING, 0, 0},
         {QStringLiteral("parental=blocked"), QStringLiteral("parental rating: blocked"),
          eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED, 1, 0},
-        {QStringLiteral("parental=free"), QStringLiteral("parental rating: free"),
+        {QStringLiteral("parental=free"), QStringLiteral("parental rating: not blocked"),
          eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED, 0, 0},
     };
     for (int state = 0; state < rightsErrors; ++state) {
@@ -41,21 +42,19 @@ const QList<InjectedReport>& injectableReports() {
     return reports;
 }
 
-std::optional<QList<InjectedReport>> parseInjectedReports(const QString& text, QString& wrong) {
+Result<QList<InjectedReport>, QString> parseInjectedReports(const QString& text) {
     QList<InjectedReport> parsed;
     for (const QString& part : text.split(QLatin1Char(','))) {
-        bool isTime = false;
-        const double seconds = part.section(QLatin1Char(':'), 0, 0).toDouble(&isTime);
+        const std::optional<double> seconds = parseSeconds(part.section(QLatin1Char(':'), 0, 0));
         const QString name = part.section(QLatin1Char(':'), 1).trimmed();
         const QList<InjectedReport>& all = injectableReports();
         const auto found =
             std::find_if(all.begin(), all.end(), [&name](const InjectedReport& report) { return report.name == name; });
-        if (!isTime || !(seconds >= 0 && seconds <= 1e6) || found == all.end()) {
-            wrong = part.trimmed();
-            return std::nullopt;
+        if (!seconds || found == all.end()) {
+            return Failure{part.trimmed()};
         }
         parsed.append(*found);
-        parsed.last().seconds = seconds;
+        parsed.last().seconds = *seconds;
     }
     return parsed;
 }

@@ -1,6 +1,4 @@
-/**
- * The television's cookies: those of the pages, which the players' requests carry too.
- */
+/** The television's cookies. */
 #ifndef COOKIEJAR_H
 #define COOKIEJAR_H
 
@@ -10,19 +8,20 @@
 
 namespace tv {
 
+/** The cookies of the pages, which the players' requests carry too. */
 class CookieJar : public QNetworkCookieJar {
     Q_OBJECT
 public:
     /**
-     * @param file where cookies with an expiry date are kept, in the form of Set-Cookie, one a line; read now, written
-     *             with every change. Empty: nothing is kept.
+     * @param file keeps the cookies that have an expiry date, one Set-Cookie value in each line; read now, written with
+     *             every change. Empty: cookies are kept in memory only.
      */
     explicit CookieJar(const QString& file);
 
-    /** @return value of the Cookie header for a request, empty for none. Thread: any. */
+    /** @return the value of a request's Cookie header; empty when no cookie fits. Thread: any. */
     QByteArray headerFor(const QUrl& url) const;
 
-    /** Forgets all cookies, those in the file too. */
+    /** Removes all cookies, also from the file. */
     void clear();
 
     QList<QNetworkCookie> cookiesForUrl(const QUrl& url) const override;

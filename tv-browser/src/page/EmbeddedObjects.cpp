@@ -1,6 +1,8 @@
 #include "page/EmbeddedObjects.h"
 
+#include "base/ScreenSize.h"
 #include "page/OwnerApplication.h"
+#include "remote/Keyset.h"
 
 #include <QFile>
 #include <QUrl>
@@ -16,9 +18,19 @@ QByteArray resource(const char* name) {
     return file.readAll();
 }
 
-/** Each file is a function, which gets what the files share, and the application. */
+/** @return what the scripts share with this program: an object literal */
+QByteArray sharedConstants() {
+    QByteArray constants;
+    for (const KeysetConstant& constant : keysetConstants) {
+        constants += QByteArray(constant.name) + ": " + QByteArray::number(constant.value) + ", ";
+    }
+    return "{screenSize: {width: " + QByteArray::number(tvScreenSize.width()) +
+           ", height: " + QByteArray::number(tvScreenSize.height()) + "}, keysetConstants: {" + constants + "}}";
+}
+
+/** Each file is a function, whose arguments are an object that the files share, and the application. */
 QString composeScript() {
-    QByteArray script = "(function(television) { delete window.television; var objects = {};\n";
+    QByteArray script = "(function(television) { delete window.television; var objects = " + sharedConstants() + ";\n";
     for (const char* name :
          {"embedded-objects.js", "console.js", "application-manager.js", "configuration.js", "capabilities.js",
           "drm-agent.js", "broadcast.js", "media-object.js", "object-factory.js", "dialogs.js"}) {
@@ -36,7 +48,7 @@ void installEmbeddedObjects(QWebFrame& frame, OwnerApplication& application) {
 }
 
 QUrl embeddedObjectsStyleSheet() {
-    // The engine knows this form of a data address only.
+    // The engine accepts only this form of a data address.
     return QUrl(QStringLiteral("data:text/css;charset=utf-8;base64,") +
                 QString::fromLatin1(resource("embedded-objects.css").toBase64()));
 }

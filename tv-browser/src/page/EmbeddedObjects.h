@@ -1,7 +1,4 @@
-/**
- * The objects that pages embed beside the A/V Control object, and the factory: scripts of the folder js, which every
- * frame gets before the page's own.
- */
+/** The objects that pages embed beside the A/V Control object, and their factory: the scripts of the folder js. */
 #ifndef EMBEDDEDOBJECTS_H
 #define EMBEDDEDOBJECTS_H
 
@@ -12,10 +9,10 @@ namespace tv {
 
 class OwnerApplication;
 
-/** Gives the objects to the page of a frame. To be called when its window object is new. */
+/** Runs the scripts in a frame. Call it when the frame's window object is new, before the page's own scripts run. */
 void installEmbeddedObjects(QWebFrame& frame, OwnerApplication& application);
 
-/** @return address of the style sheet that belongs to the objects */
+/** @return the address of the objects' style sheet */
 QUrl embeddedObjectsStyleSheet();
 
 } // namespace tv

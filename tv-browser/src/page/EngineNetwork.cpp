@@ -1,15 +1,18 @@
 #include "page/EngineNetwork.h"
 
+#include "base/Print.h"
+
 #include <QNetworkCookieJar>
 #include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QSslError>
 
 namespace tv {
 
 namespace {
 
-/** Gives access to what a reply's own class may do: here it is the owner of the network that sets the header. */
+/** Gives access to a protected function of QNetworkReply: here the network's owner sets a header. */
 struct ReplyHeader : QNetworkReply {
     static void set(QNetworkReply& reply, QNetworkRequest::KnownHeaders header, const QVariant& value) {
         (reply.*(&ReplyHeader::setHeader))(header, value);
@@ -17,8 +20,8 @@ struct ReplyHeader : QNetworkReply {
 };
 
 /**
- * Pages of televisions have content types of their own, which the engine would offer to save. Each is XHTML, as the
- * CE-HTML and HbbTV profiles define it.
+ * Television pages have content types of their own, which the engine would offer to save. Each is XHTML, as the CE-HTML
+ * and HbbTV profiles define it.
  */
 void showAsXhtml(QNetworkReply& reply) {
     const QString type = reply.header(QNetworkRequest::ContentTypeHeader).toString();
@@ -28,6 +31,11 @@ void showAsXhtml(QNetworkReply& reply) {
         ReplyHeader::set(reply, QNetworkRequest::ContentTypeHeader,
                          QStringLiteral("application/xhtml+xml") + (parameters < 0 ? QString() : type.mid(parameters)));
     }
+}
+
+void reportRefusedCertificate(QNetworkReply* reply, const QList<QSslError>& errors) {
+    printError(QStringLiteral("the certificate of %1 is refused: %2; if it is your test server's own, use --trust")
+                   .arg(reply->url().host(), errors.constFirst().errorString()));
 }
 
 } // namespace
@@ -50,6 +58,7 @@ bool PluginAddresses::take(const QUrl& url) {
 EngineNetwork::EngineNetwork(PluginAddresses& addresses, QObject* parent)
     : QNetworkAccessManager(parent), m_addresses(addresses) {
     connect(&m_proxied, &QNetworkAccessManager::finished, this, &QNetworkAccessManager::finished);
+    connect(this, &QNetworkAccessManager::sslErrors, this, &reportRefusedCertificate);
 }
 
 void EngineNetwork::setProxy(int port, const QString& exceptAuthority) {
@@ -78,7 +87,7 @@ QNetworkReply* EngineNetwork::createRequest(Operation operation, const QNetworkR
     } else {
         reply = QNetworkAccessManager::createRequest(operation, request, data);
     }
-    // Connected before the engine is, so that it reads what is written here.
+    // Connected before the engine is, so that the engine reads what is written here.
     connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] { showAsXhtml(*reply); });
     return reply;
 }

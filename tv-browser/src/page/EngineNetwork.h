@@ -1,7 +1,4 @@
-/**
- * The engine's network access: without the media, since a player fetches what an object's `data` names, with the
- * content types of televisions' pages, and through a proxy that breaks things.
- */
+/** The engine's network access. */
 #ifndef ENGINENETWORK_H
 #define ENGINENETWORK_H
 
@@ -12,7 +9,7 @@
 
 namespace tv {
 
-/** Notes the addresses of plug-in objects while the engine makes them, and leaves the making to the engine. */
+/** Remembers the addresses of plug-in objects while the engine creates them; creates none itself. */
 class PluginAddresses : public QWebPluginFactory {
     Q_OBJECT
 public:
@@ -22,13 +19,17 @@ public:
     QObject* create(const QString& mimeType, const QUrl& url, const QStringList& argumentNames,
                     const QStringList& argumentValues) const override;
 
-    /** @return true when `url` was noted; it no longer is then */
+    /** Forgets an address. @return true when it was remembered */
     bool take(const QUrl& url);
 
 private:
     mutable QSet<QUrl> m_addresses;
 };
 
+/**
+ * Fetches what the engine asks for, with three differences from a desktop browser: it leaves media to the players, it
+ * knows the content types of television pages, and it can send requests through the proxy that breaks them.
+ */
 class EngineNetwork : public QNetworkAccessManager {
     Q_OBJECT
 public:
@@ -36,9 +37,9 @@ public:
     explicit EngineNetwork(PluginAddresses& addresses, QObject* parent = nullptr);
 
     /**
-     * Sends the requests for what is on other servers, those by plain HTTP, through a proxy on this machine.
-     * @param port where it listens; 0 for none
-     * @param exceptAuthority "host:port" of a server that is asked straight
+     * Sends GET and HEAD requests by plain HTTP through a proxy on this machine.
+     * @param port            where the proxy listens; 0 for no proxy
+     * @param exceptAuthority "host:port" of a server whose requests do not go through the proxy
      */
     void setProxy(int port, const QString& exceptAuthority);
 
@@ -50,7 +51,7 @@ private:
 
     PluginAddresses& m_addresses;
     QString m_exceptAuthority;
-    QNetworkAccessManager m_proxied; ///< Qt asks for the proxy later than it asks for a request
+    QNetworkAccessManager m_proxied; ///< has the proxy: Qt chooses one later than it creates a request
 };
 
 } // namespace tv

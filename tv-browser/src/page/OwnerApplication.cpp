@@ -16,12 +16,12 @@ const QString opacity = QStringLiteral("opacity");
 
 } // namespace
 
-OwnerApplication::OwnerApplication(QWebFrame& mainFrame) : m_mainFrame(mainFrame) {
+OwnerApplication::OwnerApplication(QWebFrame& mainFrame, QObject* parent) : QObject(parent), m_mainFrame(mainFrame) {
     reset();
 }
 
 void OwnerApplication::reset() {
-    // So for an application that was not started by a broadcast (OIPF DAE 7.2.5).
+    // The default of an application that no broadcast has started (OIPF DAE 7.2.5).
     m_keyset = supportedKeyset() & ~KEYSET_OTHER;
     m_otherKeys.clear();
     m_isVisible = true;

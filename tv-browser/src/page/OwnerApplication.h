@@ -1,7 +1,4 @@
-/**
- * The one application of the television, the page in the main frame: what its scripts ask of the television.
- * The embedded objects' scripts see an object of this class; its properties and slots are named as they use them.
- */
+/** What a page asks of the television as an application. */
 #ifndef OWNERAPPLICATION_H
 #define OWNERAPPLICATION_H
 
@@ -14,6 +11,10 @@ class QWebFrame;
 
 namespace tv {
 
+/**
+ * The television's one application, which is the page in the main frame. The scripts of the embedded objects see an
+ * object of this class as `television`; its properties and methods have the names that they use.
+ */
 class OwnerApplication : public QObject {
     Q_OBJECT
     Q_PROPERTY(int keyset READ keyset)
@@ -21,13 +22,13 @@ class OwnerApplication : public QObject {
     Q_PROPERTY(QVariantList otherKeys READ otherKeys)
     Q_PROPERTY(bool visible READ isVisible)
 public:
-    /** @param mainFrame outlives this object */
-    explicit OwnerApplication(QWebFrame& mainFrame);
+    /** @param mainFrame is there whenever a function of this object is called */
+    OwnerApplication(QWebFrame& mainFrame, QObject* parent);
 
-    /** Another page has come: the defaults hold again. */
+    /** Returns to the defaults, for another page. */
     void reset();
 
-    /** @return true when the application receives a key of this code, which is one of the set `keyset` */
+    /** @return true when the application receives the key with this code, which belongs to the set `keyset` */
     bool receives(int code, int keyset) const;
 
     int keyset() const { return m_keyset; }
@@ -35,42 +36,43 @@ public:
     QVariantList otherKeys() const { return m_otherKeys; }
     bool isVisible() const { return m_isVisible; }
 
-    /** Sets which keys reach the application (OIPF DAE 7.2.5). @return those of `mask` that the remote control has */
+    /** Sets which keys the application receives (OIPF DAE 7.2.5). @return the sets of `mask` that the remote control
+     * has */
     Q_INVOKABLE int setKeyset(int mask, const QVariantList& otherKeys);
 
-    /** @return the key's name for the user; empty for a code that the remote control does not have */
+    /** @return a key's name for the user; empty for a code that the remote control does not have */
     Q_INVOKABLE QString keyLabel(int code) const;
 
     /** Shows or hides the page and its video; playback goes on. */
     Q_INVOKABLE void setVisible(bool visible);
 
     /**
-     * Replaces the application by another one, when the present script has returned.
+     * Replaces the application by another one after the present script has returned.
      * @param address absolute
      * @return false when the television cannot open such an address
      */
     Q_INVOKABLE bool createApplication(const QString& address);
 
-    /** Ends the application: the screen is empty, unless another one was created before. */
+    /** Ends the application. The screen is empty then, unless the application has created another one before. */
     Q_INVOKABLE void destroyApplication();
 
-    /** What the console message that follows at once says in whole; the engine tells a part of it. */
+    /** Takes the whole text of the console message that follows at once; the engine reports a part of it. */
     Q_INVOKABLE void announceConsoleText(const QString& text) { m_consoleText = text; }
 
-    /** @return what was announced for the present console message; null when nothing was */
+    /** @return the whole text of the present console message; null when none was announced */
     QString takeConsoleText();
 
-    /** Tells the page's author something about a place in the page's script. */
+    /** Warns the page's author of a mistake at a position in the page's script. */
     Q_INVOKABLE void warn(const QString& text, const QString& address, int line) { emit warned(text, address, line); }
 
-    /** All of the page's document is there; images and the like may still be on their way. */
+    /** The page's document is complete; images and the like may still be on their way. */
     Q_INVOKABLE void completeDocument() { emit documentCompleted(); }
 
 signals:
     void warned(const QString& text, const QString& address, int line);
     /** See completeDocument(). */
     void documentCompleted();
-    /** The application has ended by itself and left no other. */
+    /** The application has ended itself and created no other one. */
     void ended();
 
 private:

@@ -1,6 +1,4 @@
-/**
- * The requests of the players go out as those of the page do: with its user agent, its cookies and its address.
- */
+/** The HTTP requests of the players. */
 #ifndef PLAYERREQUESTS_H
 #define PLAYERREQUESTS_H
 
@@ -10,9 +8,11 @@ namespace tv {
 
 class Profile;
 
+/** Gives the players the page's user agent and cookies, and its address, which relative addresses are resolved against.
+ */
 class PlayerRequests {
 public:
-    /** @param profile outlives this object. @param mainFrame its address is followed */
+    /** @param profile outlives this object @param mainFrame whose address is followed while it exists */
     PlayerRequests(Profile& profile, const QWebFrame& mainFrame);
     ~PlayerRequests();
 

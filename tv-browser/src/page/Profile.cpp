@@ -12,7 +12,7 @@ QString inFolder(const QString& folder, const char* name) {
     return folder.isEmpty() ? QString() : QDir(folder).filePath(QString::fromLatin1(name));
 }
 
-/** As ETSI TS 102 796 has it: HbbTV/1.6.1 (capabilities; vendor; model; software; hardware; family; reserved). */
+/** In the form of ETSI TS 102 796: HbbTV/1.6.1 (capabilities; vendor; model; software; hardware; family; reserved). */
 QString defaultUserAgent() {
     return QStringLiteral("Mozilla/5.0 (Linux) AppleWebKit/602.1 (KHTML, like Gecko) "
                           "HbbTV/1.6.1 (; desktop; tv-browser; " TV_BROWSER_VERSION "; ; avcontrol; )");
@@ -32,12 +32,13 @@ QString userAgentOf(const QString& folder) {
 } // namespace
 
 Profile::Profile(const QString& folder, const QString& userAgent)
-    : m_folder(folder), m_cookies(inFolder(folder, "cookies")), m_storageFolder(inFolder(folder, "storage")),
+    : m_folder(folder), m_cookies(inFolder(folder, "cookies")),
       m_userAgent(userAgent.isEmpty() ? userAgentOf(folder) : userAgent) {
-    if (!m_storageFolder.isEmpty()) {
-        QDir().mkpath(m_storageFolder);
+    const QString storageFolder = inFolder(folder, "storage");
+    if (!storageFolder.isEmpty()) {
+        QDir().mkpath(storageFolder);
     }
-    QWebSettings::globalSettings()->setLocalStoragePath(m_storageFolder); // Read once, when a page is made.
+    QWebSettings::globalSettings()->setLocalStoragePath(storageFolder); // Read once, when a page is created.
 }
 
 int Profile::localPort() const {

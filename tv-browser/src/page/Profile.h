@@ -1,6 +1,4 @@
-/**
- * What a television remembers from one start to the next: cookies, the pages' storage, and its user agent.
- */
+/** What a television keeps from one start to the next. */
 #ifndef PROFILE_H
 #define PROFILE_H
 
@@ -10,30 +8,27 @@
 
 namespace tv {
 
+/** Cookies, the storage of pages, the port of local pages, and the user agent. */
 class Profile {
 public:
     /**
-     * @param folder    keeps the profile, in the files `cookies`, `port` and `user-agent` and the folder
-     *                  `storage`; empty: the
-     *                  profile ends with the program, and nothing is written
-     * @param userAgent used instead of the profile's own; empty for that
+     * @param folder    keeps the profile, in the files `cookies`, `port` and `user-agent` and the folder `storage`.
+     *                  Empty: the profile ends with the program, and nothing is written
+     * @param userAgent replaces the profile's own; empty for the profile's own
      */
     Profile(const QString& folder, const QString& userAgent);
 
-    /** Forgets the cookies and storage in a profile folder. Its user agent and port stay. */
+    /** Removes the cookies and the storage from a profile folder. Its user agent and port stay. */
     static void clearFolder(const QString& folder);
 
     CookieJar& cookies() { return m_cookies; }
 
-    /** @return folder of the pages' storage; empty when it is in memory only */
-    const QString& storageFolder() const { return m_storageFolder; }
-
-    /** @return value of the User-Agent header, of the page and of the players */
+    /** @return the value of the User-Agent header, for the page and the players */
     const QString& userAgent() const { return m_userAgent; }
 
     /**
-     * The port on which the local pages were served last: a page's storage belongs to an address, of which it is part.
-     * @return 0 when there is none
+     * Local pages are served on the port that served them last: a page's storage belongs to an address with that port.
+     * @return the port; 0 when there is none yet
      */
     int localPort() const;
     void setLocalPort(int port) const;
@@ -41,7 +36,6 @@ public:
 private:
     const QString m_folder;
     CookieJar m_cookies;
-    QString m_storageFolder;
     QString m_userAgent;
 };
 

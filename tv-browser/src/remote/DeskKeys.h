@@ -1,6 +1,4 @@
-/**
- * The keys of the desk: what the television's window offers beside the remote control.
- */
+/** The keys of the desk: what the television's window offers beside the remote control. */
 #ifndef DESKKEYS_H
 #define DESKKEYS_H
 
@@ -27,12 +25,13 @@ enum class DeskAction {
 struct DeskKey {
     DeskAction action;
     const char* shortcut; ///< as QKeySequence::fromString reads it
-    const char* title;    ///< in the menu
+    const char* title;    ///< in the menu and in the help
 };
 
+/** In the order of the menu and of the help. */
 inline constexpr std::array<DeskKey, 12> deskKeys = {{
     {DeskAction::RELOAD, "F7", "Reload"},
-    {DeskAction::FIRST_START, "Shift+F7", "Restart as at a television's first start"},
+    {DeskAction::FIRST_START, "Shift+F7", "Restart with empty profile"},
     {DeskAction::BACK, "Alt+Left", "Back"},
     {DeskAction::FORWARD, "Alt+Right", "Forward"},
     {DeskAction::ADDRESS, "Ctrl+L", "Open an address or file"},
@@ -45,7 +44,7 @@ inline constexpr std::array<DeskKey, 12> deskKeys = {{
     {DeskAction::MENU, "F10", "Menu"},
 }};
 
-/** @return the desk's key of that name, in any case of letters; null when there is none */
+/** @return the desk's key of that name, in upper or lower case; null when there is none */
 const DeskKey* deskKeyNamed(const QString& shortcut);
 
 } // namespace tv

@@ -6,7 +6,7 @@ namespace tv {
 
 namespace {
 
-// As usual with infrared remote controls.
+// As infrared remote controls do.
 constexpr int firstRepeatMs = 500;
 constexpr int repeatMs = 110;
 

@@ -1,6 +1,4 @@
-/**
- * A key of the remote control while a finger is on it: as long as it is held, it comes again and again.
- */
+/** Keys of the remote control that are held. */
 #ifndef KEYREPEAT_H
 #define KEYREPEAT_H
 
@@ -11,18 +9,19 @@ namespace tv {
 
 struct RemoteKey;
 
+/** The key that a finger is on: it is reported as pressed, then again and again while it is held, then as released. */
 class KeyRepeat : public QObject {
     Q_OBJECT
 public:
     explicit KeyRepeat(QObject* parent = nullptr);
 
-    /** Presses a key; one that is still held is released before. */
+    /** Presses a key. One that is still held is released first. */
     void press(const RemoteKey& key);
 
     /** Releases the key, if one is held. */
     void release();
 
-    /** @return the key that is held; null: none */
+    /** @return the key that is held; null when there is none */
     const RemoteKey* held() const { return m_key; }
 
 signals:

@@ -8,7 +8,7 @@ namespace tv {
 
 namespace {
 
-/** A display's repeat is a release and a press at once; no finger is that quick. */
+/** A display server repeats a key by a release and a press at once; no finger is that quick. */
 constexpr int repeatedWithinMs = 20;
 
 } // namespace

@@ -1,6 +1,4 @@
-/**
- * The keyboard as a remote control.
- */
+/** The keyboard as a remote control. */
 #ifndef KEYBOARDREMOTE_H
 #define KEYBOARDREMOTE_H
 
@@ -10,18 +8,19 @@ class QKeyEvent;
 
 namespace tv {
 
+/** Turns the key events of a window into keys of the remote control. */
 class KeyboardRemote : public QObject {
     Q_OBJECT
 public:
     KeyboardRemote();
 
-    /** A held key repeats as on a remote control, not as the display repeats it. */
+    /** Handles a press. A held key repeats at the pace of a remote control, not at that of the display server. */
     void press(const QKeyEvent& event);
 
-    /** A key whose press went elsewhere, to a menu or a shortcut of the window, is not released here. */
+    /** Handles a release; ignores that of a key whose press went elsewhere, such as to a menu of the window. */
     void release(const QKeyEvent& event);
 
-    /** Releases what is held: the keyboard is another window's or widget's now, and so will the release be. */
+    /** Releases the held key: another window or widget has the keyboard now, and will receive its release. */
     void leave();
 
 signals:
@@ -29,7 +28,7 @@ signals:
 
 private:
     KeyRepeat m_hold;
-    QTimer m_release; ///< while the display may yet repeat the key that it has released
+    QTimer m_release; ///< runs while the display server may still repeat the key that it has released
 };
 
 } // namespace tv

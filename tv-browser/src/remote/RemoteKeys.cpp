@@ -1,47 +1,71 @@
 #include "remote/RemoteKeys.h"
 
-#include <QStringList>
 #include <algorithm>
-#include <iterator>
 #include <numeric>
 
 namespace tv {
 
 namespace {
 
-const RemoteKey keys[] = {
-    {"LEFT", 37, KEYSET_NAVIGATION, Qt::Key_Left, ""},
-    {"UP", 38, KEYSET_NAVIGATION, Qt::Key_Up, ""},
-    {"RIGHT", 39, KEYSET_NAVIGATION, Qt::Key_Right, ""},
-    {"DOWN", 40, KEYSET_NAVIGATION, Qt::Key_Down, ""},
-    {"ENTER", 13, KEYSET_NAVIGATION, Qt::Key_Return, "\r"},
-    {"BACK", 461, KEYSET_NAVIGATION, Qt::Key_unknown, ""},
-    {"0", 48, KEYSET_NUMERIC, Qt::Key_0, "0"},
-    {"1", 49, KEYSET_NUMERIC, Qt::Key_1, "1"},
-    {"2", 50, KEYSET_NUMERIC, Qt::Key_2, "2"},
-    {"3", 51, KEYSET_NUMERIC, Qt::Key_3, "3"},
-    {"4", 52, KEYSET_NUMERIC, Qt::Key_4, "4"},
-    {"5", 53, KEYSET_NUMERIC, Qt::Key_5, "5"},
-    {"6", 54, KEYSET_NUMERIC, Qt::Key_6, "6"},
-    {"7", 55, KEYSET_NUMERIC, Qt::Key_7, "7"},
-    {"8", 56, KEYSET_NUMERIC, Qt::Key_8, "8"},
-    {"9", 57, KEYSET_NUMERIC, Qt::Key_9, "9"},
-    {"RED", 403, KEYSET_RED, Qt::Key_unknown, ""},
-    {"GREEN", 404, KEYSET_GREEN, Qt::Key_unknown, ""},
-    {"YELLOW", 405, KEYSET_YELLOW, Qt::Key_unknown, ""},
-    {"BLUE", 406, KEYSET_BLUE, Qt::Key_unknown, ""},
-    {"PLAY", 415, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"PAUSE", 19, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"STOP", 413, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"REWIND", 412, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"FAST_FWD", 417, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"PLAY_PAUSE", 402, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"TRACK_PREV", 424, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"TRACK_NEXT", 425, KEYSET_VCR, Qt::Key_unknown, ""},
-    {"INFO", 457, KEYSET_INFO, Qt::Key_unknown, ""},
-    {"TELETEXT", 459, KEYSET_OTHER, Qt::Key_unknown, ""},
-    {"SUBTITLE", 460, KEYSET_OTHER, Qt::Key_unknown, ""},
-};
+constexpr RemoteButton noButton{0, 0, 0, nullptr};
+constexpr int none = Qt::Key_unknown;
+const char* const mediaKeys = "the keyboard's own media keys";
+
+// In the order of the help.
+constexpr std::array<RemoteKey, remoteKeyCount> keys = {{
+    {"LEFT", 37, KEYSET_NAVIGATION, Qt::Key_Left, "", {Qt::Key_Left}, "arrow keys", {7, 0, 3, "\u25c0"}},
+    {"UP", 38, KEYSET_NAVIGATION, Qt::Key_Up, "", {Qt::Key_Up}, "arrow keys", {6, 1, 3, "\u25b2"}},
+    {"RIGHT", 39, KEYSET_NAVIGATION, Qt::Key_Right, "", {Qt::Key_Right}, "arrow keys", {7, 2, 3, "\u25b6"}},
+    {"DOWN", 40, KEYSET_NAVIGATION, Qt::Key_Down, "", {Qt::Key_Down}, "arrow keys", {8, 1, 3, "\u25bc"}},
+    {"ENTER",
+     13,
+     KEYSET_NAVIGATION,
+     Qt::Key_Return,
+     "\r",
+     {Qt::Key_Return, Qt::Key_Enter},
+     "Enter",
+     {7, 1, 3, "OK", "#5b6472"}},
+    {"BACK",
+     461,
+     KEYSET_NAVIGATION,
+     none,
+     "",
+     {Qt::Key_Backspace, Qt::Key_Escape, Qt::Key_Back},
+     "Backspace or Escape",
+     {8, 0, 3, "BACK"}},
+    {"0", 48, KEYSET_NUMERIC, Qt::Key_0, "0", {Qt::Key_0}, "0 to 9", {4, 1, 3, "0"}},
+    {"1", 49, KEYSET_NUMERIC, Qt::Key_1, "1", {Qt::Key_1}, "0 to 9", {1, 0, 3, "1"}},
+    {"2", 50, KEYSET_NUMERIC, Qt::Key_2, "2", {Qt::Key_2}, "0 to 9", {1, 1, 3, "2"}},
+    {"3", 51, KEYSET_NUMERIC, Qt::Key_3, "3", {Qt::Key_3}, "0 to 9", {1, 2, 3, "3"}},
+    {"4", 52, KEYSET_NUMERIC, Qt::Key_4, "4", {Qt::Key_4}, "0 to 9", {2, 0, 3, "4"}},
+    {"5", 53, KEYSET_NUMERIC, Qt::Key_5, "5", {Qt::Key_5}, "0 to 9", {2, 1, 3, "5"}},
+    {"6", 54, KEYSET_NUMERIC, Qt::Key_6, "6", {Qt::Key_6}, "0 to 9", {2, 2, 3, "6"}},
+    {"7", 55, KEYSET_NUMERIC, Qt::Key_7, "7", {Qt::Key_7}, "0 to 9", {3, 0, 3, "7"}},
+    {"8", 56, KEYSET_NUMERIC, Qt::Key_8, "8", {Qt::Key_8}, "0 to 9", {3, 1, 3, "8"}},
+    {"9", 57, KEYSET_NUMERIC, Qt::Key_9, "9", {Qt::Key_9}, "0 to 9", {3, 2, 3, "9"}},
+    {"RED", 403, KEYSET_RED, none, "", {Qt::Key_F2, Qt::Key_R}, "F2 or r", {10, 0, 4, "", "#c62828"}},
+    {"GREEN", 404, KEYSET_GREEN, none, "", {Qt::Key_F3, Qt::Key_G}, "F3 or g", {10, 1, 4, "", "#2e7d32"}},
+    {"YELLOW", 405, KEYSET_YELLOW, none, "", {Qt::Key_F4, Qt::Key_Y}, "F4 or y", {10, 2, 4, "", "#e0b400"}},
+    {"BLUE", 406, KEYSET_BLUE, none, "", {Qt::Key_F5, Qt::Key_B}, "F5 or b", {10, 3, 4, "", "#1f57c3"}},
+    {"PLAY", 415, KEYSET_VCR, none, "", {Qt::Key_P, Qt::Key_MediaPlay}, "p", {12, 1, 3, "\u25b6"}},
+    {"PAUSE", 19, KEYSET_VCR, none, "", {Qt::Key_Space, Qt::Key_MediaPause}, "Space", {13, 1, 3, "\u275a\u275a"}},
+    {"STOP", 413, KEYSET_VCR, none, "", {Qt::Key_S, Qt::Key_MediaStop}, "s", {13, 0, 3, "\u25a0"}},
+    {"REWIND", 412, KEYSET_VCR, none, "", {Qt::Key_Comma, Qt::Key_AudioRewind}, "comma", {12, 0, 3, "\u25c0\u25c0"}},
+    {"FAST_FWD",
+     417,
+     KEYSET_VCR,
+     none,
+     "",
+     {Qt::Key_Period, Qt::Key_AudioForward},
+     "full stop",
+     {12, 2, 3, "\u25b6\u25b6"}},
+    {"PLAY_PAUSE", 402, KEYSET_VCR, none, "", {Qt::Key_MediaTogglePlayPause}, mediaKeys, {13, 2, 3, "\u25b6\u275a"}},
+    {"TRACK_PREV", 424, KEYSET_VCR, none, "", {Qt::Key_MediaPrevious}, mediaKeys, noButton},
+    {"TRACK_NEXT", 425, KEYSET_VCR, none, "", {Qt::Key_MediaNext}, mediaKeys, noButton},
+    {"INFO", 457, KEYSET_INFO, none, "", {Qt::Key_I}, "i", {8, 2, 3, "INFO"}},
+    {"TELETEXT", 459, KEYSET_OTHER, none, "", {Qt::Key_T}, "t", {4, 0, 3, "TEXT"}},
+    {"SUBTITLE", 460, KEYSET_OTHER, none, "", {Qt::Key_U}, "u", {4, 2, 3, "SUBT"}},
+}};
 
 /** Codes that pages compare with, of keys that this remote control does not have. */
 const struct {
@@ -53,80 +77,38 @@ const struct {
     {"VOLUME_DOWN", 448}, {"MUTE", 449},       {"GUIDE", 458},        {"MENU", 462},
 };
 
-const struct {
-    int qtKey;
-    const char* remoteKey;
-} keyboard[] = {
-    {Qt::Key_Left, "LEFT"},
-    {Qt::Key_Up, "UP"},
-    {Qt::Key_Right, "RIGHT"},
-    {Qt::Key_Down, "DOWN"},
-    {Qt::Key_Return, "ENTER"},
-    {Qt::Key_Enter, "ENTER"},
-    {Qt::Key_Backspace, "BACK"},
-    {Qt::Key_Escape, "BACK"},
-    {Qt::Key_Back, "BACK"},
-    {Qt::Key_0, "0"},
-    {Qt::Key_1, "1"},
-    {Qt::Key_2, "2"},
-    {Qt::Key_3, "3"},
-    {Qt::Key_4, "4"},
-    {Qt::Key_5, "5"},
-    {Qt::Key_6, "6"},
-    {Qt::Key_7, "7"},
-    {Qt::Key_8, "8"},
-    {Qt::Key_9, "9"},
-    {Qt::Key_F2, "RED"},
-    {Qt::Key_R, "RED"},
-    {Qt::Key_F3, "GREEN"},
-    {Qt::Key_G, "GREEN"},
-    {Qt::Key_F4, "YELLOW"},
-    {Qt::Key_Y, "YELLOW"},
-    {Qt::Key_F5, "BLUE"},
-    {Qt::Key_B, "BLUE"},
-    {Qt::Key_P, "PLAY"},
-    {Qt::Key_MediaPlay, "PLAY"},
-    {Qt::Key_Space, "PAUSE"},
-    {Qt::Key_MediaPause, "PAUSE"},
-    {Qt::Key_S, "STOP"},
-    {Qt::Key_MediaStop, "STOP"},
-    {Qt::Key_Comma, "REWIND"},
-    {Qt::Key_AudioRewind, "REWIND"},
-    {Qt::Key_Period, "FAST_FWD"},
-    {Qt::Key_AudioForward, "FAST_FWD"},
-    {Qt::Key_MediaTogglePlayPause, "PLAY_PAUSE"},
-    {Qt::Key_MediaPrevious, "TRACK_PREV"},
-    {Qt::Key_MediaNext, "TRACK_NEXT"},
-    {Qt::Key_I, "INFO"},
-    {Qt::Key_T, "TELETEXT"},
-    {Qt::Key_U, "SUBTITLE"},
-};
+/** @return the first key for which the condition holds; null when there is none */
+template <typename Condition> const RemoteKey* findKey(const Condition& condition) {
+    const auto* found = std::find_if(keys.begin(), keys.end(), condition);
+    return found != keys.end() ? found : nullptr;
+}
 
 } // namespace
 
+const std::array<RemoteKey, remoteKeyCount>& remoteKeys() {
+    return keys;
+}
+
 const RemoteKey* remoteKeyNamed(const QString& name) {
     const QString plain = name.startsWith(QLatin1String("VK_"), Qt::CaseInsensitive) ? name.mid(3) : name;
-    const auto* found = std::find_if(std::begin(keys), std::end(keys), [&plain](const RemoteKey& key) {
-        return plain.compare(QLatin1String(key.name), Qt::CaseInsensitive) == 0;
-    });
-    return found != std::end(keys) ? found : nullptr;
+    return findKey(
+        [&plain](const RemoteKey& key) { return plain.compare(QLatin1String(key.name), Qt::CaseInsensitive) == 0; });
 }
 
 const RemoteKey* remoteKeyOfCode(int code) {
-    const auto* found =
-        std::find_if(std::begin(keys), std::end(keys), [code](const RemoteKey& key) { return key.code == code; });
-    return found != std::end(keys) ? found : nullptr;
-}
-
-int remoteKeysets() {
-    return std::accumulate(std::begin(keys), std::end(keys), 0,
-                           [](int keysets, const RemoteKey& key) { return keysets | key.keyset; });
+    return findKey([code](const RemoteKey& key) { return key.code == code; });
 }
 
 const RemoteKey* remoteKeyOfKeyboard(int qtKey) {
-    const auto* found = std::find_if(std::begin(keyboard), std::end(keyboard),
-                                     [qtKey](const auto& entry) { return entry.qtKey == qtKey; });
-    return found != std::end(keyboard) ? remoteKeyNamed(QString::fromLatin1(found->remoteKey)) : nullptr;
+    return findKey([qtKey](const RemoteKey& key) {
+        return qtKey != 0 &&
+               std::find(key.keyboardKeys.begin(), key.keyboardKeys.end(), qtKey) != key.keyboardKeys.end();
+    });
+}
+
+int remoteKeysets() {
+    return std::accumulate(keys.begin(), keys.end(), 0,
+                           [](int keysets, const RemoteKey& key) { return keysets | key.keyset; });
 }
 
 QString remoteKeyConstantsScript() {
@@ -144,28 +126,6 @@ QString remoteKeyConstantsScript() {
         add(QString(QLatin1Char(letter)), letter);
     }
     return script;
-}
-
-std::optional<QList<RemoteKeyStep>> parseRemoteKeySteps(const QString& text, QString& wrong) {
-    constexpr double tap = 0.05;
-    constexpr double longest = 1e6;
-    QList<RemoteKeyStep> steps;
-    for (const QString& part : text.split(QLatin1Char(','))) {
-        const QString name = part.section(QLatin1Char(':'), 0, 0).trimmed();
-        const QString time = part.section(QLatin1Char(':'), 1);
-        bool isTime = false;
-        const double seconds = time.toDouble(&isTime);
-        const RemoteKey* key = remoteKeyNamed(name);
-        const DeskKey* deskKey = key ? nullptr : deskKeyNamed(name);
-        const bool isPause = name.compare(QLatin1String("wait"), Qt::CaseInsensitive) == 0;
-        if ((!key && !deskKey && !isPause) ||
-            (isTime ? !(seconds >= 0 && seconds <= longest) : isPause || part.contains(QLatin1Char(':')))) {
-            wrong = part.trimmed();
-            return std::nullopt;
-        }
-        steps.append({key, deskKey, isTime ? seconds : tap});
-    }
-    return steps;
 }
 
 } // namespace tv

@@ -2,12 +2,10 @@
 
 #include "server/ProxyExchange.h"
 
+#include <GuardedMutex.h>
 #include <atomic>
-#include <chrono>
-#include <condition_variable>
 #include <gio/gio.h>
 #include <list>
-#include <mutex>
 #include <thread>
 
 namespace tv {
@@ -22,28 +20,20 @@ struct FaultProxy::Private {
     GCancellable* const end = g_cancellable_new();
     std::thread acceptor;
     std::list<Worker> workers; // of the acceptor, and of the destructor after it
-    std::mutex mutex;          // guards all below
-    std::vector<ServerFaultRule> rules;
-    std::condition_variable stop;
-    bool stopping = false;
+    StopSignal stop;
+    support::Mutex mutex;
+    std::vector<ServerFaultRule> rules GUARDED_BY(mutex);
 
-    bool pause(int milliseconds);
     void accept();
     void serve(GSocketConnection* connection);
 };
 
-bool FaultProxy::Private::pause(int milliseconds) {
-    std::unique_lock<std::mutex> lock(mutex);
-    return !stop.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return stopping; });
-}
-
 void FaultProxy::Private::serve(GSocketConnection* connection) {
     const auto faultOf = [this](const std::vector<std::string>& names) {
-        const std::lock_guard<std::mutex> lock(mutex);
+        const support::Lock lock(mutex);
         return faultFor(rules, names);
     };
-    answerProxyRequest(
-        *G_IO_STREAM(connection), faultOf, [this](int milliseconds) { return pause(milliseconds); }, *end);
+    respondAsProxy(*G_IO_STREAM(connection), faultOf, stop, *end);
     g_object_unref(connection);
 }
 
@@ -67,11 +57,7 @@ void FaultProxy::Private::accept() {
 FaultProxy::FaultProxy() : d(std::make_unique<Private>()) {}
 
 FaultProxy::~FaultProxy() {
-    {
-        const std::lock_guard<std::mutex> lock(d->mutex);
-        d->stopping = true;
-    }
-    d->stop.notify_all();
+    d->stop.stop();
     g_cancellable_cancel(d->end);
     if (d->acceptor.joinable()) {
         d->acceptor.join();
@@ -101,7 +87,7 @@ int FaultProxy::start() {
 }
 
 void FaultProxy::setFaults(std::vector<ServerFaultRule> rules) {
-    const std::lock_guard<std::mutex> lock(d->mutex);
+    const support::Lock lock(d->mutex);
     d->rules = std::move(rules);
 }
 

@@ -11,15 +11,15 @@ constexpr int stallStepMs = 100;
 
 } // namespace
 
-FaultyContent::FaultyContent(Read read, ServerFault fault, ServerPause pause)
-    : m_read(std::move(read)), m_fault(std::move(fault)), m_pause(std::move(pause)) {}
+FaultyContent::FaultyContent(Read read, ServerFault fault, StopSignal& stop)
+    : m_read(std::move(read)), m_fault(std::move(fault)), m_stop(stop) {}
 
 bool FaultyContent::send(uint64_t offset, uint64_t length, httplib::DataSink& sink) {
     if (m_fault.cut && offset >= *m_fault.cut) {
         return false;
     }
     if (m_fault.stall && offset >= *m_fault.stall) {
-        return m_pause(stallStepMs) && sink.is_writable();
+        return m_stop.pause(stallStepMs) && sink.is_writable();
     }
     uint64_t count = std::min<uint64_t>(length, m_chunk.size());
     for (const auto& end : {m_fault.cut, m_fault.stall}) {
@@ -32,7 +32,7 @@ bool FaultyContent::send(uint64_t offset, uint64_t length, httplib::DataSink& si
     if (read == 0 || !sink.write(m_chunk.data(), read)) {
         return false;
     }
-    return m_fault.bytesPerSecond == 0 || m_pause(static_cast<int>(read * 1000 / m_fault.bytesPerSecond));
+    return m_fault.bytesPerSecond == 0 || m_stop.pause(static_cast<int>(read * 1000 / m_fault.bytesPerSecond));
 }
 
 } // namespace tv

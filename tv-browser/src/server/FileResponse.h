@@ -1,4 +1,4 @@
-/** A web server's answer with a file, in order or with a fault. */
+/** A web server's response with a file, correct or with a fault. */
 #ifndef FILERESPONSE_H
 #define FILERESPONSE_H
 
@@ -10,14 +10,11 @@
 namespace tv {
 
 /**
- * Answers a GET or HEAD request with a file's content, or the range of it that is asked for.
- * @param pause is called on the server's thread, then and while the content is sent
+ * Responds to a GET or HEAD request with a file's content, or with the requested range of it.
+ * @param stop ends the waits while the content is sent, after this function too; must outlive the response
  */
-void answerWithFile(const httplib::Request& request, httplib::Response& response, const std::filesystem::path& file,
-                    const ServerFault& fault, const ServerPause& pause);
-
-/** @return the Content-Type of a file, by its extension */
-const char* mimeType(const std::filesystem::path& file);
+void respondWithFile(const httplib::Request& request, httplib::Response& response, const std::filesystem::path& file,
+                     const ServerFault& fault, StopSignal& stop);
 
 } // namespace tv
 

@@ -1,4 +1,4 @@
-/** HLS playlists of films, made into those of live streams (RFC 8216, 6.2.2). */
+/** Turns HLS playlists of recorded media into those of live streams (RFC 8216, 6.2.2). */
 #ifndef LIVELIST_H
 #define LIVELIST_H
 
@@ -7,10 +7,10 @@
 namespace tv {
 
 /**
- * Lists what a live stream offers: the segments that a film's playlist names, over and over, of which the last few are
- * offered at any time.
- * @param playlist       media playlist of a film; or a master playlist, whose media playlists get a `?live`
+ * Lists what a live stream offers at a time: a few segments of the playlist, which it repeats without end.
+ * @param playlist       media playlist; or master playlist, whose media playlists get a `?live`
  * @param elapsedSeconds since the live stream began
+ * @return the playlist of that moment; the playlist as it was given when it lists no segments
  */
 std::string liveList(const std::string& playlist, double elapsedSeconds);
 

@@ -1,8 +1,9 @@
-/** One request that came to an HTTP proxy, and its answer. */
+/** One request that came to an HTTP proxy, and its response. */
 #ifndef PROXYEXCHANGE_H
 #define PROXYEXCHANGE_H
 
-#include "server/FaultyContent.h"
+#include "server/ServerFault.h"
+#include "server/StopSignal.h"
 
 #include <functional>
 #include <gio/gio.h>
@@ -11,15 +12,15 @@
 
 namespace tv {
 
-/** @return the fault of an address that goes by these names: its path, and the whole of it without its query */
+/** @return the fault of an address that has these names: its path, and the whole of it without its query */
 using FaultForNames = std::function<ServerFault(const std::vector<std::string>& names)>;
 
 /**
- * Reads a request from a client, sends it on and answers with what comes, up to its faults. Whatever ends early is left
- * at that: the connection is then to be closed.
- * @param end ends reading and writing @param pause is called while the answer is held back
+ * Reads a request from a client, sends it to its server, and passes on the response up to its fault. When a connection
+ * ends early it returns at once. The caller then closes the client's connection.
+ * @param stop ends the waits @param end ends reading and writing
  */
-void answerProxyRequest(GIOStream& client, const FaultForNames& faultFor, const ServerPause& pause, GCancellable& end);
+void respondAsProxy(GIOStream& client, const FaultForNames& faultFor, StopSignal& stop, GCancellable& end);
 
 } // namespace tv
 

@@ -9,59 +9,84 @@ namespace tv {
 namespace {
 
 constexpr uint64_t longestDelayMs = uint64_t{24} * 3600 * 1000;
+constexpr size_t mostDigits = 15;
 
-std::optional<uint64_t> readNumber(const std::string& text) {
-    const bool isNumber =
-        !text.empty() && text.size() <= 15 && text.find_first_not_of("0123456789") == std::string::npos;
-    return isNumber ? std::optional<uint64_t>(std::stoull(text)) : std::nullopt;
-}
-
-bool isBetween(const std::optional<uint64_t>& number, uint64_t least, uint64_t most) {
-    return number && *number >= least && *number <= most;
-}
-
-/** @return false when the part is no fault */
-bool readPart(const std::string& part, ServerFault& fault) {
-    const size_t colon = part.find(':');
-    const std::string name = part.substr(0, colon);
-    if (colon == std::string::npos) {
-        fault.redirect |= name == "redirect";
-        fault.ignoreRanges |= name == "norange";
-        fault.silent |= name == "silent";
-        return name == "redirect" || name == "norange" || name == "silent";
-    }
-    const std::string value = part.substr(colon + 1);
-    const std::optional<uint64_t> number = readNumber(value);
-    if (name == "type" && !value.empty() && std::all_of(value.begin(), value.end(), [](char c) { return c > ' '; })) {
-        fault.type = value;
-    } else if (name == "delay" && isBetween(number, 0, longestDelayMs)) {
-        fault.delayMs = static_cast<int>(*number);
-    } else if (name == "status" && isBetween(number, 200, 599)) {
-        fault.status = static_cast<int>(*number);
-    } else if (name == "throttle" && isBetween(number, 1, UINT64_MAX)) {
-        fault.bytesPerSecond = *number;
-    } else if (name == "cut" && number) {
-        fault.cut = number;
-    } else if (name == "stall" && number) {
-        fault.stall = number;
-    } else {
+/** @return false when the text is not a number from `least` to `most` */
+template <typename Number> bool readNumber(const std::string& text, uint64_t least, uint64_t most, Number& number) {
+    if (text.empty() || text.size() > mostDigits || text.find_first_not_of("0123456789") != std::string::npos) {
         return false;
     }
+    const uint64_t value = std::stoull(text);
+    if (value < least || value > most) {
+        return false;
+    }
+    number = static_cast<Number>(value);
     return true;
+}
+
+bool readType(const std::string& text, std::string& type) {
+    type = text;
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c > ' '; });
+}
+
+struct Word {
+    const char* form; // NAME:VALUE, or NAME of a word that has no value
+    bool (*read)(const std::string& value, ServerFault& fault);
+};
+
+const Word words[] = {
+    {"delay:MS",
+     [](const std::string& value, ServerFault& fault) { return readNumber(value, 0, longestDelayMs, fault.delayMs); }},
+    {"status:CODE",
+     [](const std::string& value, ServerFault& fault) { return readNumber(value, 200, 599, fault.status); }},
+    {"type:MIME", [](const std::string& value, ServerFault& fault) { return readType(value, fault.type); }},
+    {"cut:BYTE",
+     [](const std::string& value, ServerFault& fault) { return readNumber(value, 0, UINT64_MAX, fault.cut); }},
+    {"stall:BYTE",
+     [](const std::string& value, ServerFault& fault) { return readNumber(value, 0, UINT64_MAX, fault.stall); }},
+    {"throttle:BYTES_PER_SECOND",
+     [](const std::string& value, ServerFault& fault) {
+         return readNumber(value, 1, UINT64_MAX, fault.bytesPerSecond);
+     }},
+    {"redirect", [](const std::string& /*value*/, ServerFault& fault) { return fault.redirect = true; }},
+    {"norange", [](const std::string& /*value*/, ServerFault& fault) { return fault.ignoreRanges = true; }},
+    {"silent", [](const std::string& /*value*/, ServerFault& fault) { return fault.silent = true; }},
+};
+
+/** @return false when the text is not a word of a fault */
+bool readWord(const std::string& text, ServerFault& fault) {
+    const size_t colon = text.find(':');
+    const bool hasValue = colon != std::string::npos;
+    for (const Word& word : words) {
+        const std::string form = word.form;
+        const size_t formColon = form.find(':');
+        if (form.substr(0, formColon) == text.substr(0, colon)) {
+            return hasValue == (formColon != std::string::npos) &&
+                   word.read(hasValue ? text.substr(colon + 1) : std::string(), fault);
+        }
+    }
+    return false;
 }
 
 } // namespace
 
-std::optional<ServerFault> parseServerFault(const std::string& text, std::string& wrong) {
+Result<ServerFault, std::string> parseServerFault(const std::string& text) {
     ServerFault fault;
     std::istringstream parts(text);
     for (std::string part; std::getline(parts, part, ',');) {
-        if (!part.empty() && !readPart(part, fault)) {
-            wrong = part;
-            return std::nullopt;
+        if (!part.empty() && !readWord(part, fault)) {
+            return Failure{part};
         }
     }
     return fault;
+}
+
+std::string serverFaultForms() {
+    std::string forms;
+    for (const Word& word : words) {
+        forms += (forms.empty() ? "" : ", ") + std::string(word.form);
+    }
+    return forms;
 }
 
 ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vector<std::string>& names) {

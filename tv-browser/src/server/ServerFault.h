@@ -1,8 +1,8 @@
-/**
- * What a server does wrong on request, so that pages can be tried against it.
- */
+/** What a server does wrong on request, so that pages can be tested against it. */
 #ifndef SERVERFAULT_H
 #define SERVERFAULT_H
+
+#include "base/Result.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,35 +11,39 @@
 
 namespace tv {
 
+/** How long a server leaves a request without a response: threads come back from clients that have gone. */
+constexpr int longestSilenceMs = 300 * 1000;
+
 struct ServerFault {
-    int delayMs = 0;               /**< before the answer */
-    int status = 0;                /**< HTTP status of an answer without content; 0 for the true one */
-    std::string type;              /**< Content-Type; empty for the true one */
-    std::optional<uint64_t> cut;   /**< the connection ends at this byte of the file */
-    std::optional<uint64_t> stall; /**< nothing more comes from this byte of the file on; the connection stays */
-    uint64_t bytesPerSecond = 0;   /**< speed of the content; 0 for as fast as it goes */
-    bool redirect = false;         /**< to the same address without this fault */
-    bool ignoreRanges = false;     /**< always the whole file */
-    bool silent = false;           /**< no answer at all */
+    int delayMs = 0;               ///< before the response
+    int status = 0;                ///< HTTP status code of a response without the file; 0 for the true one
+    std::string type;              ///< Content-Type; empty for the true one
+    std::optional<uint64_t> cut;   ///< the connection ends at this byte of the file
+    std::optional<uint64_t> stall; ///< nothing more is sent from this byte of the file on; the connection stays
+    uint64_t bytesPerSecond = 0;   ///< speed of the content; 0 for as fast as possible
+    bool redirect = false;         ///< to the same address without this fault
+    bool ignoreRanges = false;     ///< always the whole file
+    bool silent = false;           ///< no response at all
 };
 
-/** Which addresses have a fault. */
+/** The addresses that have a fault. */
 struct ServerFaultRule {
-    std::string pattern; /**< of the path or of the whole address, as a shell has it: "*.m4s" or "/media/film.mp4" */
+    std::string pattern; ///< of the path or of the whole address, as in a shell: "*.m4s" or "/media/film.mp4"
     ServerFault fault;
 };
 
-/** @return the fault of the first rule that fits one of the names; else none */
+/** @return the fault of the first rule that matches one of the names; else no fault */
 ServerFault faultFor(const std::vector<ServerFaultRule>& rules, const std::vector<std::string>& names);
 
 /**
  * Reads faults as a person writes them: "delay:2000,throttle:50000".
- * @param text any of delay:MS, status:CODE, type:MIME, cut:BYTE, stall:BYTE, throttle:BYTES_PER_SECOND, redirect,
- *             norange, silent, with commas between them
- * @param wrong receives the part that is none of these
- * @return nothing when there is such a part
+ * @param text words of serverFaultForms(), separated by commas
+ * @return the fault; or the word that is not one of them
  */
-std::optional<ServerFault> parseServerFault(const std::string& text, std::string& wrong);
+Result<ServerFault, std::string> parseServerFault(const std::string& text);
+
+/** @return the words that a fault consists of, for people: "delay:MS, status:CODE, ..." */
+std::string serverFaultForms();
 
 } // namespace tv
 

@@ -1,32 +1,17 @@
 // application/oipfApplicationManager (OIPF DAE 7.2): one application, the page in the main frame.
 (function(objects, television) {
-  // Which codes a bit of the mask stands for: OIPF DAE 7.2.5.
-  var keysetConstants = {
-    RED: 0x1,
-    GREEN: 0x2,
-    YELLOW: 0x4,
-    BLUE: 0x8,
-    NAVIGATION: 0x10,
-    VCR: 0x20,
-    SCROLL: 0x40,
-    INFO: 0x80,
-    NUMERIC: 0x100,
-    ALPHA: 0x200,
-    OTHER: 0x400
-  };
-
   var LARGEST_MASK = 0xffffffff;
 
-  // A mask that is no number changes nothing, and the terminal says so.
+  // A mask that is not a number changes nothing; the page's author is warned.
   function setKeyset(mask, otherKeys) {
     var number = Number(mask);
     if (!(Math.abs(number) <= LARGEST_MASK)) {
-      objects.warn('the key set ' + mask + ' is refused: give a sum of the constants of the keyset object');
+      objects.warn('the key set ' + mask + ' is ignored: pass a sum of the constants of the keyset object');
       return television.keyset;
     }
     var codes = otherKeys === undefined || otherKeys === null ? [] : otherKeys;
     if (!Array.isArray(codes)) {
-      objects.warn('the other keys ' + codes + ' of the key set are ignored: give an array of key codes');
+      objects.warn('the other keys ' + codes + ' of the key set are ignored: pass an array of key codes');
       codes = [];
     }
     return television.setKeyset(number | 0, codes.map(function(code) { return code | 0; }));
@@ -43,15 +28,15 @@
     getKeyIcon: function() { return null; },
     getKeyLabel: function(code) { return television.keyLabel(code); }
   };
-  Object.keys(keysetConstants).forEach(function(name) {
-    Object.defineProperty(keyset, name, {value: keysetConstants[name], enumerable: true});
+  Object.keys(objects.keysetConstants).forEach(function(name) {
+    Object.defineProperty(keyset, name, {value: objects.keysetConstants[name], enumerable: true});
   });
 
   if (window === window.top) {
     window.addEventListener('DOMContentLoaded', function() { television.completeDocument(); });
   }
 
-  var managers = []; // elements that may have handlers
+  var managers = []; // elements, with their models, that may have handlers
   function loadFailed() {
     managers.forEach(function(manager) {
       objects.raise(manager.element, manager.model, 'ApplicationLoadError', ['appl'], [application]);

@@ -1,4 +1,4 @@
-// video/broadcast (OIPF DAE 7.13) of a receiver that has no tuner: it never leaves its first state for long.
+// video/broadcast (OIPF DAE 7.13) of a receiver without a tuner: it always returns to its first state.
 (function(objects) {
   var UNREALIZED = 0;
   var CONNECTING = 1;
@@ -51,12 +51,12 @@
     var volume = 100;
     var channelConfig = null;
 
-    function tellState(newState, error) {
+    function reportState(newState, error) {
       state = newState;
       objects.raise(element, model, 'PlayStateChange', ['state', 'error'], [newState, error]);
     }
 
-    function tellChannelError(channel, error) {
+    function reportChannelError(channel, error) {
       objects.raise(element, model, 'ChannelChangeError', ['channel', 'errorState'], [channel, error]);
     }
 
@@ -82,7 +82,7 @@
       onSelectedComponentChanged: null,
       onComponentChanged: null,
       bindToCurrentChannel: function() {
-        tellState(UNREALIZED, NO_SIGNAL);
+        reportState(UNREALIZED, NO_SIGNAL);
         return null;
       },
       setChannel: function(channel) {
@@ -91,20 +91,20 @@
           objects.raise(element, model, 'ChannelChangeSucceeded', ['channel'], [null]);
           return;
         }
-        tellState(CONNECTING);
-        tellChannelError(channel, UNSUPPORTED_CHANNEL);
+        reportState(CONNECTING);
+        reportChannelError(channel, UNSUPPORTED_CHANNEL);
         setTimeout(function() {
           if (state === CONNECTING) {
-            tellState(UNREALIZED, UNSUPPORTED_CHANNEL);
+            reportState(UNREALIZED, UNSUPPORTED_CHANNEL);
           }
         }, 0);
       },
-      nextChannel: function() { tellChannelError(null, NO_CHANNEL_LIST); },
-      prevChannel: function() { tellChannelError(null, NO_CHANNEL_LIST); },
+      nextChannel: function() { reportChannelError(null, NO_CHANNEL_LIST); },
+      prevChannel: function() { reportChannelError(null, NO_CHANNEL_LIST); },
       stop: function() {},
       release: function() {
         if (state !== UNREALIZED) {
-          tellState(UNREALIZED);
+          reportState(UNREALIZED);
         }
       },
       setFullScreen: function(on) {

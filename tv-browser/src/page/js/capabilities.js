@@ -1,4 +1,4 @@
-// application/oipfCapabilities (OIPF DAE 7.15.3): what a terminal without tuner and content protection can do.
+// application/oipfCapabilities (OIPF DAE 7.15.3) of a terminal without tuner and content protection.
 (function(objects) {
   var uiProfile = 'OITF_HD_UIPROF';
   var options = ['+TRICKMODE'];

@@ -1,4 +1,4 @@
-// application/oipfConfiguration (OIPF DAE 7.3, with what HbbTV asks of it).
+// application/oipfConfiguration (OIPF DAE 7.3, with the additions of HbbTV).
 (function(objects) {
   var terminal = objects.terminal();
   var texts = {};

@@ -1,4 +1,4 @@
-// What the console and this television's own messages say on the terminal, and at which place of the page.
+// Prints whole console messages on the terminal, and this television's own messages with the position in the page.
 (function(objects, television) {
   'use strict';
 
@@ -10,31 +10,31 @@
     try {
       return isPlain(value) ? JSON.stringify(value) : String(value);
     } catch (error) {
-      return Object.prototype.toString.call(value); // Such as one that contains itself.
+      return Object.prototype.toString.call(value); // It contains itself, for example.
     }
   }
 
-  // The engine tells the television the first argument only.
+  // The engine passes only the first argument on.
   ['log', 'debug', 'info', 'warn', 'error'].forEach(function(name) {
     var original = console[name];
     console[name] = function() {
       if (arguments.length > 0) {
         television.announceConsoleText(Array.prototype.map.call(arguments, textOf).join(' '));
       }
-      return original.apply(console, arguments); // A tail call: the place that the engine tells is the caller's.
+      return original.apply(console, arguments); // A tail call: the engine reports the position of the caller.
     };
   });
 
-  // Tells the author something that the page's script should do otherwise.
+  // Warns the page's author of a mistake in the page's script.
   objects.warn = function(text) {
-    // This television's own scripts have no address.
-    var place = /^(?:[^@\n]*@)?([a-z]+:.+):(\d+):\d+$/m.exec(new Error().stack) || ['', location.href, '0'];
-    television.warn(text, place[1], Number(place[2]));
+    // The innermost position of the page: this television's own scripts have no address.
+    var position = /^(?:[^@\n]*@)?([a-z]+:.+):(\d+):\d+$/m.exec(new Error().stack) || ['', location.href, '0'];
+    television.warn(text, position[1], Number(position[2]));
   };
 
   window.open = function(address) {
-    objects.warn('window.open(' + textOf(address) + ') opens nothing: this television has one window; ' +
-      'use location or createApplication()');
+    objects.warn('window.open(' + textOf(address) + ') opens nothing: this television has only one window; ' +
+      'use location or createApplication() instead');
     return null;
   };
 })

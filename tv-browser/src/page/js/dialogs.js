@@ -1,4 +1,4 @@
-// Dialogs do not stop this television, so a script could open them for ever: one that opens too many is ended.
+// Dialogs do not interrupt scripts here, so a script could open them for ever: one that opens too many is stopped.
 (function() {
   var MOST_IN_ONE_TURN = 100;
   var opened = 0;
@@ -11,7 +11,7 @@
         setTimeout(function() { opened = 0; }, 0);
       }
       if (++opened > MOST_IN_ONE_TURN) {
-        throw new Error('the script was ended: it has opened ' + MOST_IN_ONE_TURN + ' dialogs without a pause');
+        throw new Error('the script was stopped: it opened ' + MOST_IN_ONE_TURN + ' dialogs without a pause');
       }
       return original.apply(window, arguments);
     };

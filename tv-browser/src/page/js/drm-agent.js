@@ -1,4 +1,4 @@
-// application/oipfDrmAgent (OIPF DAE 7.6): there is no system for content protection.
+// application/oipfDrmAgent (OIPF DAE 7.6) of a receiver without content protection.
 (function(objects) {
   var UNKNOWN_SYSTEM = 5;
   var messages = 0;

@@ -1,7 +1,7 @@
-// What makes an <object> of a television's type answer as that object.
+// Gives an <object> element whose type is a television's the members of that object.
 //
-// The members sit as accessors on the prototype of all object elements and look at the element's type with each use: so
-// they are there however the element was made, and before any script of the page runs.
+// The members are accessors on the prototype of all object elements, which look at the element's type at each use. So
+// they are there before any script of the page runs, and it does not matter how the element was created.
 (function(objects) {
   var makers = {}; // by type
   var made = new WeakMap(); // element: {type, model}
@@ -10,7 +10,7 @@
     return (element.getAttribute('type') || '').toLowerCase();
   }
 
-  // The types of A/V Control objects are the plug-in's.
+  // The types of A/V Control objects are those of the plug-in.
   function pluginFileOf(mimeType) {
     return mimeType && mimeType.enabledPlugin ? mimeType.enabledPlugin.filename : '';
   }
@@ -27,14 +27,14 @@
       entry = {type: type, model: maker ? maker(element) : null};
       made.set(element, entry);
       if (!maker && /^(video|audio)\//.test(type)) {
-        objects.warn('an object of type ' + type + ' has no player and none of its methods; there are ' +
+        objects.warn('an object of type ' + type + ' has no player and no methods; the types that have them are ' +
           mediaTypes.join(', '));
       }
     }
     return entry.model;
   }
 
-  // Makes a name go to the models; one that the element's model does not have is as if this were not there.
+  // Lets the models answer for a name. On an element whose model does not have it, the name behaves as usual.
   objects.addMember = function(name) {
     if (HTMLObjectElement.prototype.hasOwnProperty(name)) {
       return;
@@ -43,7 +43,7 @@
       configurable: true,
       get: function() {
         var model = modelOf(this);
-        // Of a media object that waits for its instance: what its former instance was given.
+        // The value that the page gave to the former instance of an A/V Control object that waits for its next one.
         return model && name in model ? model[name] : this['avcontrol kept ' + name];
       },
       set: function(value) {
@@ -68,15 +68,15 @@
     return objects.isMedia(type) || makers.hasOwnProperty(type);
   };
 
-  // `maker` is given an element, and gives an object with the members of that type. It does not look at the element
-  // before one of them is used. The type `media` stands for all types of A/V Control objects.
+  // Defines a type. `maker` takes an element and returns an object with the members of that type; it must not look at
+  // the element before one of them is used. The type `media` stands for all types of A/V Control objects.
   objects.define = function(type, maker) {
     makers[type] = maker;
     Object.getOwnPropertyNames(maker(null)).forEach(objects.addMember);
   };
 
-  // Tells the page of an event, when the present script has returned: by the handler of the model, which gets the
-  // values as arguments, and by a DOM event, which has them as properties of the names given.
+  // Reports an event to the page after the present script has returned: to the handler of the model, with the values
+  // as arguments, and as a DOM event, which has them as properties with the given names.
   objects.raise = function(element, model, type, names, values) {
     setTimeout(function() {
       var handler = model['on' + type];
@@ -92,7 +92,7 @@
     }, 0);
   };
 
-  // An empty list as the standard's collections are.
+  // An empty collection in the form of the standard's.
   objects.emptyCollection = function(methods) {
     var collection = {length: 0, item: function() { return undefined; }};
     (methods || []).forEach(function(name) { collection[name] = function() { return null; }; });
@@ -100,13 +100,14 @@
   };
 
   // A page that scales itself by the screen finds the television's, not the desk's.
-  var screenSize = {width: 1280, height: 720, availWidth: 1280, availHeight: 720};
+  var size = objects.screenSize;
+  var screenSize = {width: size.width, height: size.height, availWidth: size.width, availHeight: size.height};
   Object.keys(screenSize).forEach(function(name) {
     Object.defineProperty(Screen.prototype, name, {configurable: true, enumerable: true,
       get: function() { return screenSize[name]; }});
   });
 
-  // The fields of the user agent: capabilities, vendor, model, software, hardware, family.
+  // Returns the fields of the user agent.
   objects.terminal = function() {
     var fields = (/HbbTV\/[0-9.]+ *\(([^)]*)\)/.exec(navigator.userAgent) || ['', ''])[1].split(/ *; */);
     var field = function(i) { return fields[i] || ''; };

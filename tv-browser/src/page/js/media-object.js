@@ -1,12 +1,12 @@
-// An A/V Control object while the engine has no instance for it: outside the document, or not displayed. It answers as
-// one without media; what a page sets meanwhile waits on the element for the instance.
+// An A/V Control object while the engine has no instance for it: outside the document, or not displayed. It behaves as
+// one without media. What a page sets meanwhile waits on the element for the instance.
 (function(objects) {
   var eventTypes = ['PlayStateChange', 'PlayPositionChanged', 'PlaySpeedChanged', 'SelectedComponentChange'];
 
-  // The answer of a method that does something, and why it does not.
+  // Returns a method that does nothing and warns the page's author why.
   function refuse(element, method) {
     return function() {
-      objects.warn(method + '() is answered with false and does nothing: the object is ' +
+      objects.warn(method + '() returns false and does nothing: the object is ' +
         (document.documentElement.contains(element) ? 'not displayed' : 'not in the document'));
       return false;
     };
@@ -46,7 +46,7 @@
     };
   });
 
-  // These wait on the element; after an instance has gone, its record answers.
+  // Their values wait on the element; those of a former instance are in its record.
   ['onPlayStateChange', 'onPlaySpeedChanged', 'onPlayPositionChanged', 'onFullScreenChange', 'onDRMRightsError',
    'onSelectedComponentChange', 'onSelectedComponentChanged', 'onComponentChanged', 'onParentalRatingChange', 'loop',
    'cache', 'persist', 'currentTrackIndex', 'fullScreen'].forEach(objects.addMember);
@@ -58,7 +58,7 @@
       writable: true,
       value: function(type, listener, capture) {
         var own = objects.typeOf(this);
-        // What the object will refuse is not kept for it.
+        // What the object would reject is not kept for it.
         var accepted = Object(listener) === listener &&
           (arguments.length === 2 || arguments.length === 3 && (capture === null || typeof capture === 'boolean'));
         if (accepted && eventTypes.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
