@@ -177,7 +177,7 @@ void Player::start(bool paused) {
 
 void Player::startPlayback(PlaybackSettings settings) {
     endPlayback();
-    settings.toldSpeed = m_toldSpeed;
+    settings.reportedSpeed = m_reportedSpeed;
     if (!m_status.isCurrent(settings.playback)) {
         return; // stopped before it began
     }
@@ -196,7 +196,7 @@ void Player::startPlayback(PlaybackSettings settings) {
 
 void Player::endPlayback() {
     if (m_playback) {
-        m_toldSpeed = m_playback->toldSpeed();
+        m_reportedSpeed = m_playback->reportedSpeed();
         m_playback.reset();
     }
 }

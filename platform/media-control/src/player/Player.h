@@ -81,7 +81,7 @@ private:
     bool m_televisionUserAgent = false;
     bool m_closed = false;
     std::unique_ptr<Playback> m_playback; // this one and those below: only on the player's thread
-    int m_toldSpeed = 1;
+    int m_reportedSpeed = 1;
     PlaybackSettings m_subtitleSettings = {}; // of the playback that the readers belong to
     std::vector<std::unique_ptr<SubtitleReader>> m_subtitleReaders;
 };
