@@ -1,7 +1,10 @@
 // The module that an engine loads for the A/V Control object: its entry points, and the plug-in that they carry.
+#include "AVControlElement.h"
 #include "HbbTVExport.h"
 #include "HbbTVModule.h"
 #include "VideoPlugin.h"
+
+#include "tos_log.h"
 
 #include <new>
 
@@ -11,36 +14,26 @@ PluginBaseClass* createVideoPlugin(char* hostUri) {
     return new (std::nothrow) VideoPlugin(hostUri);
 }
 
-const char* const adoptedProperties[] = {"onPlayStateChange",
-                                         "onPlaySpeedChanged",
-                                         "onPlayPositionChanged",
-                                         "onFullScreenChange",
-                                         "onfocus",
-                                         "onblur",
-                                         "onDRMRightsError",
-                                         "onSelectedComponentChange",
-                                         "onSelectedComponentChanged",
-                                         "onComponentChanged",
-                                         "onParentalRatingChange",
-                                         "loop",
-                                         "cache",
-                                         "persist",
-                                         "currentTrackIndex",
-                                         "fullScreen",
-                                         nullptr};
+#define LIST_PROPERTY(name) name,
+const char* const adoptedProperties[] = {AVCONTROL_KEPT_PROPERTIES(LIST_PROPERTY) nullptr};
+#undef LIST_PROPERTY
 
-const HbbTVListenerProperty listenerProperties[] = {{"PlayStateChange", "state"},
-                                                    {"PlayPositionChanged", "position"},
-                                                    {"PlaySpeedChanged", "speed"},
-                                                    {"SelectedComponentChange", "componentType"},
-                                                    {nullptr, nullptr}};
+#define LIST_LISTENER(type, property) {type, property},
+const HbbTVListenerProperty listenerProperties[] = {AVCONTROL_KEPT_LISTENERS(LIST_LISTENER){nullptr, nullptr}};
+#undef LIST_LISTENER
 
-const HbbTVModule avControlModule = {VideoPlugin::GetMIMEDescription,
-                                     VideoPlugin::GetPluginNameString,
-                                     VideoPlugin::GetPluginDescriptionString,
-                                     createVideoPlugin,
-                                     adoptedProperties,
-                                     listenerProperties};
+const HbbTVModule avControlModule = {
+    VideoPlugin::GetMIMEDescription,
+    VideoPlugin::GetPluginNameString,
+    VideoPlugin::GetPluginDescriptionString,
+    createVideoPlugin,
+    adoptedProperties,
+    listenerProperties,
+    {AVCONTROL_ELEMENT_PROPERTY, AVCONTROL_ELEMENT_LISTENER, AVCONTROL_ELEMENT_ATTRIBUTE, AVCONTROL_ELEMENT_FUNCTION},
+    "data",
+    "playState",
+    "fullScreen",
+    EN_MODEL_ID_AVCONTROL};
 
 } // namespace
 

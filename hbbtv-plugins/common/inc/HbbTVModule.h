@@ -18,6 +18,17 @@ typedef struct HbbTVListenerProperty {
     const char* property;
 } HbbTVListenerProperty;
 
+/**
+ * The beginnings of the names under which an element keeps what a page has set on its object. Browsers that answer for
+ * an element without an instance use the same names.
+ */
+typedef struct HbbTVElementNames {
+    const char* property;  /**< followed by the name of an adopted property, or of the source property */
+    const char* listener;  /**< followed by the type of an adopted listener */
+    const char* attribute; /**< followed by the name of the source property: the attribute when script wrote that */
+    const char* function;  /**< followed by a number: functions of the page that the plug-in holds */
+} HbbTVElementNames;
+
 /** The plug-in that a module carries. All texts are static. */
 typedef struct HbbTVModule {
     const char* (*mimeDescription)();
@@ -36,6 +47,19 @@ typedef struct HbbTVModule {
 
     /** Listeners that an element's next instance is given again; ended by an entry of nulls. */
     const HbbTVListenerProperty* listenerProperties;
+
+    HbbTVElementNames elementNames;
+
+    /** Property that is also an attribute: what script wrote holds until the attribute has another value. Or null. */
+    const char* sourceProperty;
+
+    /** Property, an Int32, whose changes are traced; or null. */
+    const char* stateProperty;
+
+    /** Property that is true while the object has the whole screen; or null. */
+    const char* fullScreenProperty;
+
+    int logModule; /**< number under which the framework writes log lines */
 } HbbTVModule;
 
 /** As NP_Initialize. @param module kept, not copied */

@@ -1,5 +1,6 @@
 #include "page/EmbeddedObjects.h"
 
+#include "AVControlElement.h"
 #include "base/ScreenSize.h"
 #include "page/OwnerApplication.h"
 #include "remote/Keyset.h"
@@ -18,6 +19,20 @@ QByteArray resource(const char* name) {
     return file.readAll();
 }
 
+#define LIST_PROPERTY(name) "'" name "',"
+#define LIST_LISTENER(type, property) "'" type "',"
+constexpr char keptProperties[] = AVCONTROL_KEPT_PROPERTIES(LIST_PROPERTY);
+constexpr char keptListeners[] = AVCONTROL_KEPT_LISTENERS(LIST_LISTENER);
+#undef LIST_PROPERTY
+#undef LIST_LISTENER
+
+/** @return what the scripts know of the plug-in's module: the names under which an element keeps what a page sets */
+QByteArray elementNames() {
+    return QByteArray("keptProperty: '" AVCONTROL_ELEMENT_PROPERTY "', keptListener: '" AVCONTROL_ELEMENT_LISTENER "',"
+                      " keptProperties: [") +
+           keptProperties + "], keptListeners: [" + keptListeners + "]";
+}
+
 /** @return what the scripts share with this program: an object literal */
 QByteArray sharedConstants() {
     QByteArray constants;
@@ -25,7 +40,8 @@ QByteArray sharedConstants() {
         constants += QByteArray(constant.name) + ": " + QByteArray::number(constant.value) + ", ";
     }
     return "{screenSize: {width: " + QByteArray::number(tvScreenSize.width()) +
-           ", height: " + QByteArray::number(tvScreenSize.height()) + "}, keysetConstants: {" + constants + "}}";
+           ", height: " + QByteArray::number(tvScreenSize.height()) + "}, keysetConstants: {" + constants + "}, " +
+           elementNames() + "}";
 }
 
 /** Each file is a function, whose arguments are an object that the files share, and the application. */

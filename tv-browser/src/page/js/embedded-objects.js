@@ -44,7 +44,7 @@
       get: function() {
         var model = modelOf(this);
         // The value that the page gave to the former instance of an A/V Control object that waits for its next one.
-        return model && name in model ? model[name] : this['avcontrol kept ' + name];
+        return model && name in model ? model[name] : this[objects.keptProperty + name];
       },
       set: function(value) {
         var model = modelOf(this);

@@ -1,8 +1,6 @@
 // An A/V Control object while the engine has no instance for it: outside the document, or not displayed. It behaves as
 // one without media. What a page sets meanwhile waits on the element for the instance.
 (function(objects) {
-  var eventTypes = ['PlayStateChange', 'PlayPositionChanged', 'PlaySpeedChanged', 'SelectedComponentChange'];
-
   // Returns a method that does nothing and warns the page's author why.
   function refuse(element, method) {
     return function() {
@@ -46,10 +44,11 @@
     };
   });
 
-  // Their values wait on the element; those of a former instance are in its record.
-  ['onPlayStateChange', 'onPlaySpeedChanged', 'onPlayPositionChanged', 'onFullScreenChange', 'onDRMRightsError',
-   'onSelectedComponentChange', 'onSelectedComponentChanged', 'onComponentChanged', 'onParentalRatingChange', 'loop',
-   'cache', 'persist', 'currentTrackIndex', 'fullScreen'].forEach(objects.addMember);
+  // These wait on the element; after an instance has gone, its record answers. What the engine has of its own, such as
+  // `onfocus`, waits there by itself.
+  objects.keptProperties.filter(function(name) {
+    return !(name in HTMLObjectElement.prototype);
+  }).forEach(objects.addMember);
 
   function override(name, record) {
     var inherited = HTMLObjectElement.prototype[name];
@@ -61,8 +60,8 @@
         // What the object would reject is not kept for it.
         var accepted = Object(listener) === listener &&
           (arguments.length === 2 || arguments.length === 3 && (capture === null || typeof capture === 'boolean'));
-        if (accepted && eventTypes.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
-          record(this, 'avcontrol listener ' + type, listener);
+        if (accepted && objects.keptListeners.indexOf(type) >= 0 && (own === '' || objects.isMedia(own))) {
+          record(this, objects.keptListener + type, listener);
         }
         return inherited.apply(this, arguments);
       }

@@ -1,4 +1,4 @@
-/** The engine's function table behind the NPN_ functions of this library. */
+/** The table of functions that the engine gave. */
 #ifndef BROWSERFUNCTIONS_H
 #define BROWSERFUNCTIONS_H
 

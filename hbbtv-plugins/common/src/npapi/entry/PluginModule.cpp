@@ -1,12 +1,14 @@
 // The functions that an engine calls: module entry points and the NPP_ table.
 #include "HbbTVModule.h"
 
+#include "FrameworkLog.h"
 #include "npapi/engine/BrowserFunctions.h"
 #include "npapi/instance/AsyncCalls.h"
 #include "npapi/instance/PluginInstance.h"
+#include "npapi/page/PageRecord.h"
+#include "npapi/page/PluginScriptObject.h"
 
 #include <algorithm>
-#include <new>
 #include <string.h>
 
 namespace {
@@ -20,34 +22,34 @@ NPError newInstance(NPMIMEType type, NPP npp, uint16_t mode, int16_t argc, char*
     }
     // Only windowless instances are laid out and painted with the page.
     NPN_SetValue(npp, NPPVpluginWindowBool, nullptr);
-    PluginInstance* instance = new (std::nothrow) PluginInstance(*currentModule, npp, type);
-    if (!instance || !instance->plugin()) {
-        delete instance;
+    const InstanceRef instance = PluginInstance::make(*currentModule, npp, type);
+    if (!instance) {
         return NPERR_OUT_OF_MEMORY_ERROR;
     }
-    if (!instance->start(type, mode, argc, argn, argv, saved)) {
-        delete instance;
+    if (!PluginInstance::start(instance, type, mode, argc, argn, argv, saved)) {
+        PluginInstance::end(instance);
         return NPERR_GENERIC_ERROR;
     }
+    scheduleRecord(instance);
     return NPERR_NO_ERROR;
 }
 
 NPError destroyInstance(NPP npp, NPSavedData** /*save*/) {
-    PluginInstance* instance = PluginInstance::of(npp);
+    const InstanceRef instance = InstanceRef::of(npp);
     if (!instance) {
         return NPERR_INVALID_INSTANCE_ERROR;
     }
-    delete instance;
+    PluginInstance::end(instance);
     return NPERR_NO_ERROR;
 }
 
 NPError setWindow(NPP npp, NPWindow* window) {
-    PluginInstance* instance = PluginInstance::of(npp);
+    const InstanceRef instance = InstanceRef::of(npp);
     if (!instance) {
         return NPERR_INVALID_INSTANCE_ERROR;
     }
     if (window) {
-        instance->laidOut(*window);
+        elementLaidOut(instance, *window);
     }
     return NPERR_NO_ERROR;
 }
@@ -74,15 +76,14 @@ int32_t write(NPP, NPStream*, int32_t, int32_t, void*) {
 void print(NPP, NPPrint*) {}
 
 int16_t handleEvent(NPP npp, void* event) {
-    // An XEvent begins with its type; 13 is GraphicsExpose: the element is painted, perhaps at a new place.
+    // An XEvent begins with its type; 13 is GraphicsExpose: the element is painted, perhaps at a new position.
     constexpr int GRAPHICS_EXPOSE = 13;
-    PluginInstance* instance = PluginInstance::of(npp);
     int type = 0;
     if (event) {
         memcpy(&type, event, sizeof type);
     }
-    if (instance && type == GRAPHICS_EXPOSE) {
-        instance->maybeMoved();
+    if (type == GRAPHICS_EXPOSE) {
+        elementMayHaveMoved(InstanceRef::of(npp));
     }
     return 0;
 }
@@ -91,11 +92,9 @@ void urlNotify(NPP, const char*, NPReason, void*) {}
 
 NPError getValue(NPP npp, NPPVariable variable, void* value) {
     if (variable == NPPVpluginScriptableNPObject && value) {
-        if (PluginInstance* instance = PluginInstance::of(npp)) {
-            instance->settleRecord();
-        }
-        PluginInstance* const instance = PluginInstance::of(npp);
-        NPObject* object = instance ? instance->scriptObject() : nullptr;
+        const InstanceRef instance = InstanceRef::of(npp);
+        settleRecord(instance);
+        NPObject* const object = scriptObjectOf(instance).release();
         *static_cast<NPObject**>(value) = object;
         return object ? NPERR_NO_ERROR : NPERR_GENERIC_ERROR;
     }
@@ -117,6 +116,7 @@ NPError hbbtvModuleInitialize(const HbbTVModule* module, NPNetscapeFuncs* browse
         return result;
     }
     currentModule = module;
+    setFrameworkLogModule(module->logModule);
     NPPluginFuncs table;
     memset(&table, 0, sizeof table);
     table.size = static_cast<uint16_t>(std::min<size_t>(plugin->size ? plugin->size : sizeof table, sizeof table));

@@ -1,144 +1,217 @@
 #include "npapi/instance/AsyncCalls.h"
 
+#include "FrameworkLog.h"
 #include "npapi/engine/BrowserFunctions.h"
-#include "npapi/instance/PluginInstance.h"
 
-#include <algorithm>
-#include <deque>
 #include <mutex>
+#include <new>
 #include <thread>
-#include <vector>
 
 namespace {
 
 struct Call {
     NPP instance;
-    void (*func)(void*);
+    void (*func)(void*); ///< null in a spare that is free
     void* userData;
+    Call* next;
 };
 
-struct Queue {
+/// Calls in the order in which they came.
+class CallList {
+public:
+    void append(Call* call) {
+        call->next = nullptr;
+        *m_end = call;
+        m_end = &call->next;
+    }
+
+    /// @return the oldest call that `wanted` accepts, now the caller's; null when there is none
+    template <class Predicate> Call* take(Predicate wanted) {
+        Call** link = &m_first;
+        while (*link && !wanted(**link)) {
+            link = &(*link)->next;
+        }
+        Call* const taken = *link;
+        if (taken) {
+            *link = taken->next;
+            m_end = taken->next ? m_end : link;
+        }
+        return taken;
+    }
+
+private:
+    Call* m_first = nullptr;
+    Call** m_end = &m_first;
+};
+
+const auto anyCall = [](const Call&) { return true; };
+
+} // namespace
+
+/// One for the process. Whoever uses it holds its lock.
+struct AsyncCallQueue {
     std::mutex mutex;
-    std::vector<NPP> open;
-    std::deque<Call> waiting;
-    std::deque<Call> held; // of other threads, until the plug-in thread is out of all operations
+    AsyncCalls* open = nullptr;
+    CallList waiting;
+    CallList held; ///< of other threads, until the plug-in thread is out of all operations
     int operations = 0;
     std::thread::id pluginThread;
+    Call spares[32] = {}; ///< for the moments without memory
+
+    AsyncCalls** find(NPP instance) {
+        AsyncCalls** link = &open;
+        while (*link && (*link)->m_instance != instance) {
+            link = &(*link)->m_next;
+        }
+        return link;
+    }
+
+    bool isOpen(NPP instance) { return *find(instance) != nullptr; }
+
+    Call* make(const Call& content) {
+        if (Call* made = new (std::nothrow) Call(content)) {
+            return made;
+        }
+        for (Call& spare : spares) {
+            if (!spare.func) {
+                spare = content;
+                return &spare;
+            }
+        }
+        return nullptr;
+    }
+
+    void free(Call* call) {
+        if (call >= spares && call < spares + sizeof spares / sizeof *spares) {
+            call->func = nullptr;
+        } else {
+            delete call;
+        }
+    }
+
+    /// The lock is held, so that the instance is not destroyed between the question and the engine's own look-up.
+    void addWaiting(Call* call) {
+        waiting.append(call);
+        if (isOpen(call->instance)) {
+            browserFunctions().pluginthreadasynccall(call->instance, wakeUp, call->instance);
+        }
+    }
+
+    static void wakeUp(void* instance);
 };
 
+namespace {
+
 // Made at the first use and kept: a player's thread may still be in here when the process ends.
-Queue& queue() {
-    static Queue* const theQueue = new Queue;
+AsyncCallQueue& queue() {
+    alignas(AsyncCallQueue) static char memory[sizeof(AsyncCallQueue)];
+    static AsyncCallQueue* const theQueue = new (memory) AsyncCallQueue;
     return *theQueue;
 }
 
-void wakeUp(void* instance);
-
-bool isOpen(const Queue& q, NPP instance) {
-    return std::find(q.open.begin(), q.open.end(), instance) != q.open.end();
-}
-
-/// The caller holds the lock, so that the instance is not destroyed between the question and the engine's own look-up.
-void addWaiting(Queue& q, const Call& call) {
-    q.waiting.push_back(call);
-    if (isOpen(q, call.instance)) {
-        browserFunctions().pluginthreadasynccall(call.instance, wakeUp, call.instance);
+/// Runs the oldest waiting call that `wanted` accepts, without the lock. @return false when there is none
+template <class Predicate> bool runOne(Predicate wanted) {
+    AsyncCallQueue& q = queue();
+    Call call;
+    {
+        const std::lock_guard<std::mutex> lock(q.mutex);
+        Call* const taken = q.waiting.take(wanted);
+        if (!taken) {
+            return false;
+        }
+        call = *taken;
+        q.free(taken);
     }
-}
-
-/// Takes the oldest waiting call that `wanted` accepts.
-template <class Predicate> bool take(Predicate wanted, Call* call) {
-    Queue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
-    const auto found = std::find_if(q.waiting.begin(), q.waiting.end(), wanted);
-    if (found == q.waiting.end()) {
-        return false;
-    }
-    *call = *found;
-    q.waiting.erase(found);
+    call.func(call.userData);
     return true;
 }
 
+/// Runs the waiting calls that `wanted` accepts, and those that they queue.
 template <class Predicate> void runAll(Predicate wanted) {
-    Call call;
-    while (take(wanted, &call)) {
-        call.func(call.userData);
-    }
-}
-
-/// What the call has done may be another play state, of which a page need not hear.
-void traceStateOf(NPP npp) {
-    {
-        const std::lock_guard<std::mutex> lock(queue().mutex);
-        if (!isOpen(queue(), npp)) {
-            return; // the call has ended its instance
-        }
-    }
-    if (PluginInstance* instance = PluginInstance::of(npp)) {
-        instance->traceState();
-    }
-}
-
-/// The engine's turn for one call of the instance: each wake-up runs one, so that other work gets its turn between.
-void wakeUp(void* instance) {
-    Call call;
-    if (take([instance](const Call& waiting) { return waiting.instance == instance; }, &call)) {
-        call.func(call.userData);
-        traceStateOf(call.instance);
+    bool ran = true;
+    while (ran) {
+        ran = runOne(wanted);
     }
 }
 
 } // namespace
 
-void openAsyncCalls(NPP instance) {
-    drainAsyncCalls();
-    Queue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
-    q.open.push_back(instance);
-}
-
-void closeAsyncCalls(NPP instance) {
-    Queue& q = queue();
+/// The engine's turn for one call of the instance: each wake-up runs one, so that other work gets its turn between.
+void AsyncCallQueue::wakeUp(void* instance) {
+    const NPP npp = static_cast<NPP>(instance);
+    if (!runOne([npp](const Call& call) { return call.instance == npp; })) {
+        return;
+    }
+    AsyncCallQueue& q = queue();
+    void (*ran)(NPP) = nullptr;
     {
         const std::lock_guard<std::mutex> lock(q.mutex);
-        q.open.erase(std::remove(q.open.begin(), q.open.end(), instance), q.open.end());
-        const auto others = std::stable_partition(q.held.begin(), q.held.end(),
-                                                  [instance](const Call& call) { return call.instance == instance; });
-        q.waiting.insert(q.waiting.end(), q.held.begin(), others);
-        q.held.erase(q.held.begin(), others);
+        if (const AsyncCalls* const calls = *q.find(npp)) {
+            ran = calls->m_ran; // else the call has ended its instance
+        }
     }
-    runAll([instance](const Call& waiting) { return waiting.instance == instance; });
+    if (ran) {
+        ran(npp);
+    }
+}
+
+AsyncCalls::AsyncCalls(NPP instance, void (*ran)(NPP)) : m_instance(instance), m_ran(ran), m_next(nullptr) {
+    drainAsyncCalls();
+    AsyncCallQueue& q = queue();
+    const std::lock_guard<std::mutex> lock(q.mutex);
+    m_next = q.open;
+    q.open = this;
+}
+
+AsyncCalls::~AsyncCalls() {
+    const auto isOwn = [this](const Call& call) { return call.instance == m_instance; };
+    AsyncCallQueue& q = queue();
+    {
+        const std::lock_guard<std::mutex> lock(q.mutex);
+        *q.find(m_instance) = m_next;
+        while (Call* const own = q.held.take(isOwn)) {
+            q.waiting.append(own);
+        }
+    }
+    runAll(isOwn);
 }
 
 void drainAsyncCalls() {
-    Queue& q = queue();
-    runAll([&q](const Call& waiting) { return !isOpen(q, waiting.instance); });
+    AsyncCallQueue& q = queue();
+    runAll([&q](const Call& call) { return !q.isOpen(call.instance); });
 }
 
 void queueAsyncCall(NPP instance, void (*func)(void*), void* userData) {
-    Queue& q = queue();
+    AsyncCallQueue& q = queue();
     const std::lock_guard<std::mutex> lock(q.mutex);
-    if (q.operations > 0 && std::this_thread::get_id() != q.pluginThread) {
-        q.held.push_back({instance, func, userData});
+    Call* const call = q.make({instance, func, userData, nullptr});
+    if (!call) {
+        // The engine's own list is what is left: it forgets the call if the instance goes first.
+        FRAMEWORK_LOG_ERROR("No memory to keep a call of the plug-in thread: it may overtake others\n");
+        if (q.isOpen(instance)) {
+            browserFunctions().pluginthreadasynccall(instance, func, userData);
+        }
+    } else if (q.operations > 0 && std::this_thread::get_id() != q.pluginThread) {
+        q.held.append(call);
     } else {
-        addWaiting(q, {instance, func, userData});
+        q.addWaiting(call);
     }
 }
 
 OperationScope::OperationScope() {
-    Queue& q = queue();
+    AsyncCallQueue& q = queue();
     const std::lock_guard<std::mutex> lock(q.mutex);
     q.pluginThread = std::this_thread::get_id();
     ++q.operations;
 }
 
 OperationScope::~OperationScope() {
-    Queue& q = queue();
+    AsyncCallQueue& q = queue();
     const std::lock_guard<std::mutex> lock(q.mutex);
-    if (--q.operations == 0) {
-        for (const Call& call : q.held) {
-            addWaiting(q, call);
-        }
-        q.held.clear();
+    if (--q.operations > 0) {
+        return;
+    }
+    while (Call* const call = q.held.take(anyCall)) {
+        q.addWaiting(call);
     }
 }

@@ -1,19 +1,30 @@
-/**
- * Calls that wait for their turn on the plug-in thread.
- *
- * Engines forget the calls of an instance that they destroy, and the data of those calls with them. This queue keeps
- * every call until it has run: the engine only wakes it up.
- */
+/** Calls that wait for their turn on the plug-in thread. */
 #ifndef ASYNCCALLS_H
 #define ASYNCCALLS_H
 
 #include "npapi/npapi.h"
 
-/** From now on calls for the instance are accepted. Plug-in thread. */
-void openAsyncCalls(NPP instance);
+/**
+ * The calls of one instance, from its making to its end. Engines forget the calls of an instance that they destroy, and
+ * the data of those calls with them: so every call is kept here until it has run, and the engine only wakes it up.
+ * Plug-in thread, but for queueAsyncCall.
+ */
+class AsyncCalls {
+public:
+    /** From now on calls for the instance are accepted. @param ran called after each call that the engine woke up */
+    AsyncCalls(NPP instance, void (*ran)(NPP instance));
 
-/** Ends the instance's part: runs what still waits for it. Plug-in thread, after the plug-in has been deleted. */
-void closeAsyncCalls(NPP instance);
+    /** Runs what still waits for the instance. The plug-in has been deleted before. */
+    ~AsyncCalls();
+    AsyncCalls(const AsyncCalls&) = delete;
+    AsyncCalls& operator=(const AsyncCalls&) = delete;
+
+private:
+    friend struct AsyncCallQueue;
+    NPP m_instance;
+    void (*m_ran)(NPP);
+    AsyncCalls* m_next;
+};
 
 /** Runs what is left of instances that have gone. Plug-in thread. */
 void drainAsyncCalls();
@@ -23,7 +34,7 @@ void queueAsyncCall(NPP instance, void (*func)(void*), void* userData);
 
 /**
  * While script is in an operation of a plug-in. What the operation itself queues then comes before what other threads
- * queue meanwhile: a player's answer to a command must not overtake what the object tells of the command.
+ * queue meanwhile: a player's answer to a command must not overtake what the object reports of the command.
  * Plug-in thread.
  */
 class OperationScope {

@@ -1,105 +1,68 @@
 #include "npapi/instance/ElementRectangle.h"
 
-#include "npapi/npruntime.h"
-
 #include <math.h>
 
 namespace {
 
-bool readNumber(NPP npp, NPObject* object, const char* name, double* number) {
-    NPVariant value;
-    VOID_TO_NPVARIANT(value);
-    if (!NPN_GetProperty(npp, object, NPN_GetStringIdentifier(name), &value)) {
-        return false;
-    }
-    bool found = true;
-    if (NPVARIANT_IS_DOUBLE(value)) {
-        *number = NPVARIANT_TO_DOUBLE(value);
-    } else if (NPVARIANT_IS_INT32(value)) {
-        *number = NPVARIANT_TO_INT32(value);
-    } else {
-        found = false;
-    }
-    NPN_ReleaseVariantValue(&value);
-    return found;
+constexpr int DEEPEST_FRAME = 100; // a page can make its frames appear endless
+
+bool readNumber(const InstanceRef& instance, const ScriptObject& object, const char* name, double* number) {
+    return instance.property(object, name).readNumber(number);
 }
 
-/// @return `object.name` with a reference for the caller, or null
-NPObject* readObject(NPP npp, NPObject* object, const char* name) {
-    NPVariant value;
-    VOID_TO_NPVARIANT(value);
-    if (!NPN_GetProperty(npp, object, NPN_GetStringIdentifier(name), &value)) {
-        return nullptr;
-    }
-    if (NPVARIANT_IS_OBJECT(value)) {
-        return NPVARIANT_TO_OBJECT(value);
-    }
-    NPN_ReleaseVariantValue(&value);
-    return nullptr;
-}
-
-/// Replaces a window by its parent, and gives the element that frames it: null for the page's own window and for the
-/// frame of another origin, whose offset stays unknown. The window is null, too, then. What measures an element may run
-/// script, which may end the frame and with it its window: so this comes before.
-void climb(NPP npp, NPObject** window, NPObject** frame) {
-    *frame = readObject(npp, *window, "frameElement");
-    NPObject* parent = *frame ? readObject(npp, *window, "parent") : nullptr;
-    NPN_ReleaseObject(*window);
-    *window = parent;
+/// Replaces a window by its parent. @return the element that frames it: empty for the page's own window and for the
+/// frame of another origin, whose offset stays unknown; the window is empty, too, then
+ScriptObject climb(const InstanceRef& instance, ScriptObject* window) {
+    ScriptObject frame = instance.property(*window, "frameElement").takeObject();
+    *window = frame ? instance.property(*window, "parent").takeObject() : ScriptObject();
+    return frame;
 }
 
 /// Adds the corner of an element's content box, in its own frame, to x and y.
-bool addCorner(NPP npp, NPObject* element, double* x, double* y) {
-    NPVariant rectangle;
-    VOID_TO_NPVARIANT(rectangle);
-    if (!NPN_Invoke(npp, element, NPN_GetStringIdentifier("getBoundingClientRect"), nullptr, 0, &rectangle)) {
-        return false;
-    }
+bool addCorner(const InstanceRef& instance, const ScriptObject& element, double* x, double* y) {
     double left = 0;
     double top = 0;
-    const bool found = NPVARIANT_IS_OBJECT(rectangle) &&
-                       readNumber(npp, NPVARIANT_TO_OBJECT(rectangle), "left", &left) &&
-                       readNumber(npp, NPVARIANT_TO_OBJECT(rectangle), "top", &top);
-    NPN_ReleaseVariantValue(&rectangle);
+    const ScriptObject rectangle = instance.call(element, "getBoundingClientRect").takeObject();
+    const bool found = readNumber(instance, rectangle, "left", &left) && readNumber(instance, rectangle, "top", &top);
     double borderLeft = 0;
     double borderTop = 0;
-    readNumber(npp, element, "clientLeft", &borderLeft);
-    readNumber(npp, element, "clientTop", &borderTop);
+    readNumber(instance, element, "clientLeft", &borderLeft);
+    readNumber(instance, element, "clientTop", &borderTop);
     *x += left + borderLeft;
     *y += top + borderTop;
     return found;
 }
 
+/// @return the nearest number of the type; 0 for what is no number
+template <class Integer> Integer rounded(double number) {
+    constexpr double LARGEST = 1 << 30;
+    return isnan(number) ? 0 : static_cast<Integer>(lround(fmax(-LARGEST, fmin(number, LARGEST))));
+}
+
 } // namespace
 
-bool findElementPlace(NPP npp, ElementRectangle* place) {
-    NPObject* element = nullptr;
-    NPObject* window = nullptr;
-    if (NPN_GetValue(npp, NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element ||
-        NPN_GetValue(npp, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
-        NPN_ReleaseObject(element);
+bool findElementRectangle(const InstanceRef& instance, ElementRectangle* rectangle) {
+    const ScriptObject element = instance.element();
+    ScriptObject window = instance.window();
+    if (!window) {
         return false;
     }
-    NPObject* frame = nullptr;
-    climb(npp, &window, &frame);
+    // Before the page measures anything, which may run script and end the frame.
+    ScriptObject frame = climb(instance, &window);
     double left = 0;
     double top = 0;
     double width = 0;
     double height = 0;
-    const bool found = addCorner(npp, element, &left, &top) && readNumber(npp, element, "clientWidth", &width) &&
-                       readNumber(npp, element, "clientHeight", &height) && width > 0 && height > 0;
-    NPN_ReleaseObject(element);
-    while (frame) {
-        addCorner(npp, frame, &left, &top);
-        NPN_ReleaseObject(frame);
-        frame = nullptr;
-        if (window) {
-            climb(npp, &window, &frame);
-        }
+    const bool found = addCorner(instance, element, &left, &top) &&
+                       readNumber(instance, element, "clientWidth", &width) &&
+                       readNumber(instance, element, "clientHeight", &height) && width > 0 && height > 0;
+    for (int depth = 0; frame && depth < DEEPEST_FRAME; ++depth) {
+        addCorner(instance, frame, &left, &top);
+        frame = climb(instance, &window);
     }
     if (found) {
-        *place = {static_cast<int32_t>(lround(left)), static_cast<int32_t>(lround(top)),
-                  static_cast<uint32_t>(lround(width)), static_cast<uint32_t>(lround(height))};
+        *rectangle = {rounded<int32_t>(left), rounded<int32_t>(top), rounded<uint32_t>(width),
+                      rounded<uint32_t>(height)};
     }
     return found;
 }

@@ -2,9 +2,9 @@
 #ifndef ELEMENTRECTANGLE_H
 #define ELEMENTRECTANGLE_H
 
-#include "npapi/npapi.h"
+#include "npapi/instance/InstanceRef.h"
 
-/** Place and size of an element's content, in pixels of the browser's picture. */
+/** Position and size of an element's content, in pixels of the browser's screen. */
 struct ElementRectangle {
     int32_t x;
     int32_t y;
@@ -13,11 +13,12 @@ struct ElementRectangle {
 };
 
 /**
- * Asks the page for the place of an instance's element: the position on the screen, frames included, and the size that
- * layout gave it, before any transformation. May run layout, so not to be called while the engine lays out or paints.
- * @param place left as it is when the page does not tell
+ * Asks the page for the rectangle of an instance's element: the position on the screen, frames included, and the size
+ * that layout gave it, before any transformation. May run layout, so not to be called while the engine lays out or
+ * paints; the instance may be gone afterwards.
+ * @param rectangle left as it is when the page does not tell
  * @return false when the page does not tell
  */
-bool findElementPlace(NPP npp, ElementRectangle* place);
+bool findElementRectangle(const InstanceRef& instance, ElementRectangle* rectangle);
 
 #endif

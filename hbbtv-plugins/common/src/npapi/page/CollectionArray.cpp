@@ -1,7 +1,6 @@
 #include "npapi/page/CollectionArray.h"
 
 #include "HbbTVBaseClass.h"
-#include "npapi/engine/BrowserFunctions.h"
 #include "npapi/page/WindowScript.h"
 
 namespace {
@@ -19,17 +18,14 @@ bool isCollection(const NPVariant& value) {
 
 } // namespace
 
-void presentAsArray(NPP npp, NPVariant* value) {
-    NPObject* copier = isCollection(*value) ? makeWindowFunction(npp, "collection", COPY_COLLECTION) : nullptr;
-    if (!copier) {
+void presentAsArray(const InstanceRef& instance, NPVariant* value) {
+    if (!isCollection(*value)) {
         return;
     }
-    NPVariant array;
-    VOID_TO_NPVARIANT(array);
-    // Not by NPN_InvokeDefault, which traces calls of the page's own functions.
-    if (browserFunctions().invokeDefault(npp, copier, value, 1, &array)) {
+    const ScriptObject copier = makeWindowFunction(instance, "collection", COPY_COLLECTION);
+    ScriptValue array = instance.callFunction(copier, value, 1);
+    if (array) {
         NPN_ReleaseVariantValue(value);
-        *value = array;
+        *value = array.release();
     }
-    NPN_ReleaseObject(copier);
 }

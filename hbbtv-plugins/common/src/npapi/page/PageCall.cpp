@@ -1,12 +1,12 @@
 #include "npapi/page/PageCall.h"
 
-#include "npapi/engine/BrowserFunctions.h"
-#include "npapi/instance/PluginInstance.h"
 #include "npapi/page/WindowScript.h"
 
-#include <vector>
+#include <algorithm>
 
 namespace {
+
+constexpr uint32_t MOST_ARGUMENTS = 8; // a plug-in's calls have at most four
 
 // Thrown again outside the call, the exception is reported with the place where it happened.
 constexpr char CALL_REPORTING[] = "var args = Array.prototype.slice.call(arguments, 2);"
@@ -15,22 +15,15 @@ constexpr char CALL_REPORTING[] = "var args = Array.prototype.slice.call(argumen
 
 } // namespace
 
-bool callPageFunction(NPP npp, NPObject* function, const NPVariant* args, uint32_t argCount, NPVariant* result) {
+ScriptValue callPageFunction(const InstanceRef& instance, const ScriptObject& function, const NPVariant* args,
+                             uint32_t argCount) {
     // Made for each call: QtWebKit drops kept functions when another instance of the page goes.
-    NPObject* caller = makeWindowFunction(npp, "page, element", CALL_REPORTING);
-    PluginInstance* instance = PluginInstance::of(npp);
-    NPObject* element = instance ? instance->pageObject(NPNVPluginElementNPObject) : nullptr;
-    bool called = false;
-    if (caller && element) {
-        std::vector<NPVariant> values(2);
-        OBJECT_TO_NPVARIANT(function, values[0]);
-        OBJECT_TO_NPVARIANT(element, values[1]);
-        values.insert(values.end(), args, args + argCount);
-        called = browserFunctions().invokeDefault(npp, caller, values.data(), argCount + 2, result);
-    } else if (instance) {
-        called = browserFunctions().invokeDefault(npp, function, args, argCount, result);
+    const ScriptObject caller = makeWindowFunction(instance, "page, element", CALL_REPORTING);
+    const ScriptObject element = instance.element();
+    if (!caller || !element || argCount > MOST_ARGUMENTS) {
+        return instance.callFunction(function, args, argCount);
     }
-    NPN_ReleaseObject(element);
-    NPN_ReleaseObject(caller);
-    return called;
+    NPVariant values[2 + MOST_ARGUMENTS] = {function.borrowed(), element.borrowed()};
+    std::copy(args, args + argCount, values + 2);
+    return instance.callFunction(caller, values, argCount + 2);
 }

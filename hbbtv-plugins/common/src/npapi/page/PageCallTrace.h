@@ -4,12 +4,10 @@
 
 #include "HbbTVPluginTrace.h"
 
-#include "npapi/npruntime.h"
+#include "npapi/instance/InstanceRef.h"
 
 #include <string>
 #include <vector>
-
-class PluginInstance;
 
 /**
  * Made before the call of a page's function, notified when it returns. The arguments outlive it. Costs nothing while
@@ -17,7 +15,7 @@ class PluginInstance;
  */
 class PageCallTrace {
 public:
-    PageCallTrace(NPP npp, const NPObject* function, const NPVariant* args, uint32_t argCount);
+    PageCallTrace(const InstanceRef& instance, const NPObject* function, const NPVariant* args, uint32_t argCount);
     PageCallTrace(const PageCallTrace&) = delete;
     PageCallTrace& operator=(const PageCallTrace&) = delete;
 
@@ -25,9 +23,9 @@ public:
     bool finished(bool succeeded) const;
 
 private:
-    bool readEvent(PluginInstance& instance, const NPVariant& event);
+    bool readEvent(const InstanceRef& instance, const NPVariant& event);
 
-    int m_instance; ///< 0 while no observer is set
+    int m_instance; ///< its number; 0 while no observer is set
     int64_t m_start;
     std::string m_name;
     std::vector<HbbTVPluginTraceValue> m_arguments;

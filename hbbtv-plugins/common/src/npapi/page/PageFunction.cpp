@@ -1,62 +1,66 @@
 #include "npapi/page/PageFunction.h"
 
+#include "FrameworkLog.h"
 #include "npapi/instance/PluginInstance.h"
 
 #include <algorithm>
+#include <new>
+#include <stdio.h>
 #include <string.h>
-#include <string>
+
+/// A substitute. The page's function is a property of the element, under a name that ends with the number.
+struct PageFunction {
+    NPObject object;
+    InstanceRef instance;
+    int number;         ///< its own among those of the instance
+    PageFunction* next; ///< of the instance
+    char name[64];
+};
 
 namespace {
 
-constexpr size_t NAME_SIZE = 64;
+/// The property of the element that keeps a function.
+struct PropertyName {
+    char text[64];
 
-struct PageFunction {
-    NPObject object;
-    int instance; ///< number of the PluginInstance
-    int place;    ///< where its element keeps the function
-    char name[NAME_SIZE];
+    PropertyName(const PluginInstance& instance, int number) {
+        snprintf(text, sizeof text, "%s%d", instance.module().elementNames.function, number);
+    }
 };
 
-NPObject* elementOf(NPP npp) {
-    NPObject* element = nullptr;
-    return NPN_GetValue(npp, NPNVPluginElementNPObject, &element) == NPERR_NO_ERROR ? element : nullptr;
-}
-
-/// @return a property of the element that neither pages nor plug-ins use
-NPIdentifier propertyOf(int place) {
-    return NPN_GetStringIdentifier(("avcontrol " + std::to_string(place)).c_str());
-}
-
-bool writePlace(NPP npp, int place, const NPVariant& value) {
-    NPObject* element = elementOf(npp);
-    const bool written = element && NPN_SetProperty(npp, element, propertyOf(place), &value);
-    NPN_ReleaseObject(element);
-    return written;
+bool writeFunction(const InstanceRef& instance, int number, const NPVariant& value) {
+    const ScriptObject element = instance.element();
+    return element && instance.setProperty(element, PropertyName(*instance.get(), number).text, value);
 }
 
 NPObject* allocate(NPP, NPClass*) {
-    void* memory = NPN_MemAlloc(sizeof(PageFunction));
-    if (memory) {
-        memset(memory, 0, sizeof(PageFunction));
+    void* const memory = NPN_MemAlloc(sizeof(PageFunction));
+    return memory ? &(new (memory) PageFunction{{}, {}, 0, nullptr, ""})->object : nullptr;
+}
+
+/// Takes a substitute out of its instance's list, so that its number is free.
+void unlink(PageFunction* function) {
+    PluginInstance* const live = function->instance.get();
+    PageFunction** link = live ? &live->pageFunctions : nullptr;
+    while (link && *link && *link != function) {
+        link = &(*link)->next;
     }
-    return static_cast<NPObject*>(memory);
+    if (link && *link) {
+        *link = function->next;
+    }
 }
 
 void deallocate(NPObject* object) {
-    const PageFunction* function = reinterpret_cast<PageFunction*>(object);
-    if (PluginInstance* instance = PluginInstance::withNumber(function->instance)) {
-        NPVariant nothing;
-        VOID_TO_NPVARIANT(nothing);
-        writePlace(instance->npp(), function->place, nothing);
-        instance = PluginInstance::withNumber(function->instance);
-        if (instance) {
-            instance->functionPlaces()[static_cast<size_t>(function->place)] = false;
-        }
-    }
-    NPN_MemFree(object);
+    PageFunction* const function = reinterpret_cast<PageFunction*>(object);
+    NPVariant nothing;
+    VOID_TO_NPVARIANT(nothing);
+    writeFunction(function->instance, function->number, nothing);
+    unlink(function);
+    function->~PageFunction();
+    NPN_MemFree(function);
 }
 
-// Engines call these without asking whether they are there, should a stand-in ever reach script.
+// Engines call these without asking whether they are there, should a substitute ever reach script.
 bool hasNothing(NPObject*, NPIdentifier) {
     return false;
 }
@@ -91,36 +95,43 @@ NPClass pageFunctionClass = {NP_CLASS_STRUCT_VERSION,
                              nullptr,
                              nullptr};
 
-/// @return a free place, from now on taken
-int takePlace(std::vector<bool>& places) {
-    const auto free = std::find(places.begin(), places.end(), false);
-    const auto place = free - places.begin();
-    if (free == places.end()) {
-        places.push_back(true);
-    } else {
-        *free = true;
+/// @return the lowest number that no function of the instance has
+int freeNumber(const PluginInstance& instance) {
+    const auto isTaken = [&instance](int number) {
+        const PageFunction* function = instance.pageFunctions;
+        while (function && function->number != number) {
+            function = function->next;
+        }
+        return function != nullptr;
+    };
+    int number = 0;
+    while (isTaken(number)) {
+        ++number;
     }
-    return static_cast<int>(place);
+    return number;
+}
+
+bool isSubstitute(const NPVariant& value) {
+    return NPVARIANT_IS_OBJECT(value) && pageFunctionName(NPVARIANT_TO_OBJECT(value));
 }
 
 } // namespace
 
-NPObject* keepPageFunction(PluginInstance& instance, const char* name, NPObject* function) {
-    NPObject* standIn = NPN_CreateObject(instance.npp(), &pageFunctionClass);
-    if (!standIn) {
-        return NPN_RetainObject(function);
+ScriptObject keepPageFunction(const InstanceRef& instance, const char* name, NPObject* function) {
+    ScriptObject substitute(instance ? NPN_CreateObject(instance.npp(), &pageFunctionClass) : nullptr);
+    PluginInstance* const live = instance.get();
+    if (!substitute || !live) {
+        return ScriptObject::to(function);
     }
-    PageFunction* kept = reinterpret_cast<PageFunction*>(standIn);
-    kept->instance = instance.number();
-    kept->place = takePlace(instance.functionPlaces());
-    strncpy(kept->name, name, NAME_SIZE - 1);
+    PageFunction* const kept = reinterpret_cast<PageFunction*>(substitute.get());
+    kept->instance = instance;
+    kept->number = freeNumber(*live);
+    kept->next = live->pageFunctions;
+    live->pageFunctions = kept;
+    strncpy(kept->name, name, sizeof kept->name - 1);
     NPVariant value;
     OBJECT_TO_NPVARIANT(function, value);
-    if (!writePlace(instance.npp(), kept->place, value)) {
-        NPN_ReleaseObject(standIn);
-        return NPN_RetainObject(function);
-    }
-    return standIn;
+    return writeFunction(instance, kept->number, value) ? std::move(substitute) : ScriptObject::to(function);
 }
 
 const char* pageFunctionName(const NPObject* object) {
@@ -128,46 +139,35 @@ const char* pageFunctionName(const NPObject* object) {
                                                           : nullptr;
 }
 
-NPObject* pageFunctionBehind(NPP npp, NPObject* object) {
+ScriptObject pageFunctionBehind(const InstanceRef& instance, NPObject* object) {
     if (!pageFunctionName(object)) {
-        return NPN_RetainObject(object);
+        return ScriptObject::to(object);
     }
-    NPObject* element = elementOf(npp);
-    NPVariant function;
-    VOID_TO_NPVARIANT(function);
-    const bool found =
-        element && NPN_GetProperty(npp, element, propertyOf(reinterpret_cast<PageFunction*>(object)->place), &function);
-    NPN_ReleaseObject(element);
-    if (found && !NPVARIANT_IS_OBJECT(function)) {
-        NPN_ReleaseVariantValue(&function);
+    const PluginInstance* const live = instance.get();
+    if (!live) {
+        return ScriptObject();
     }
-    return found && NPVARIANT_IS_OBJECT(function) ? NPVARIANT_TO_OBJECT(function) : nullptr;
+    const PropertyName name(*live, reinterpret_cast<const PageFunction*>(object)->number);
+    return instance.property(instance.element(), name.text).takeObject();
 }
 
-PageArguments::PageArguments(NPP npp, const NPVariant* args, uint32_t count) : m_args(args) {
-    const auto isStandIn = [](const NPVariant& value) {
-        return NPVARIANT_IS_OBJECT(value) && pageFunctionName(NPVARIANT_TO_OBJECT(value));
-    };
-    if (std::none_of(args, args + count, isStandIn)) {
+PageArguments::PageArguments(const InstanceRef& instance, const NPVariant* args, uint32_t count) : m_values(args) {
+    if (std::none_of(args, args + count, isSubstitute)) {
         return;
     }
-    m_copies.assign(args, args + count);
-    for (NPVariant& value : m_copies) {
-        if (NPVARIANT_IS_OBJECT(value)) {
-            NPObject* function = pageFunctionBehind(npp, NPVARIANT_TO_OBJECT(value));
-            if (function) {
-                OBJECT_TO_NPVARIANT(function, value);
-            } else {
-                NULL_TO_NPVARIANT(value);
-            }
+    m_copies.reset(new (std::nothrow) NPVariant[count]);
+    m_functions.reset(new (std::nothrow) ScriptObject[count]);
+    if (!m_copies || !m_functions) {
+        FRAMEWORK_LOG_ERROR("No memory for the %u arguments of a call of the page: it is not made\n", count);
+        m_values = nullptr;
+        return;
+    }
+    std::copy(args, args + count, m_copies.get());
+    for (uint32_t i = 0; i < count; ++i) {
+        if (isSubstitute(args[i])) {
+            m_functions[i] = pageFunctionBehind(instance, NPVARIANT_TO_OBJECT(args[i]));
+            m_copies[i] = m_functions[i].borrowed();
         }
     }
-}
-
-PageArguments::~PageArguments() {
-    for (const NPVariant& value : m_copies) {
-        if (NPVARIANT_IS_OBJECT(value)) {
-            NPN_ReleaseObject(NPVARIANT_TO_OBJECT(value));
-        }
-    }
+    m_values = m_copies.get();
 }

@@ -1,47 +1,44 @@
-/**
- * Functions of the page that a plug-in keeps, as handlers or listeners.
- *
- * An engine may tie the object of a script function to any plug-in instance of the page: when that instance is removed,
- * the object is dead, although it belongs to another. So the plug-in is given a stand-in, the function itself is kept
- * on the element, and an object for it is asked of the engine anew whenever it is needed.
- */
+/** Functions of the page that a plug-in keeps, as handlers or listeners. */
 #ifndef PAGEFUNCTION_H
 #define PAGEFUNCTION_H
 
-#include "npapi/npruntime.h"
+#include "npapi/instance/InstanceRef.h"
 
-#include <vector>
-
-class PluginInstance;
+#include <memory>
 
 /**
- * Keeps a function for an instance.
+ * Keeps a function of the page for an instance.
+ *
+ * An engine may tie the object of a script function to any plug-in instance of the page: when that instance is removed,
+ * the object is dead, although it belongs to another. So the plug-in is given a substitute, the function itself is kept
+ * on the element, and an object for it is asked of the engine anew whenever it is needed.
  * @param name     for traces, for example "onPlayStateChange"; cut when it is long
  * @param function any script object
- * @return the stand-in, or `function` itself when the page cannot keep it; with a reference for the caller
+ * @return the substitute; the function itself when the page cannot keep it
  */
-NPObject* keepPageFunction(PluginInstance& instance, const char* name, NPObject* function);
+ScriptObject keepPageFunction(const InstanceRef& instance, const char* name, NPObject* function);
 
-/** @return the name of a stand-in; null when the object is none */
+/** @return the name of a substitute; null when the object is none */
 const char* pageFunctionName(const NPObject* object);
 
-/** @return the function behind a stand-in, any other object as it is, with a reference for the caller; null: gone */
-NPObject* pageFunctionBehind(NPP npp, NPObject* object);
+/** @return the function behind a substitute, empty when it has gone; any other object as it is */
+ScriptObject pageFunctionBehind(const InstanceRef& instance, NPObject* object);
 
-/** Arguments for a call of the page, in which the functions themselves take the place of their stand-ins. */
+/** Arguments for a call of the page, in which the functions themselves take the place of their substitutes. */
 class PageArguments {
 public:
-    PageArguments(NPP npp, const NPVariant* args, uint32_t count);
-    ~PageArguments();
-    PageArguments(const PageArguments&) = delete;
-    PageArguments& operator=(const PageArguments&) = delete;
+    PageArguments(const InstanceRef& instance, const NPVariant* args, uint32_t count);
+
+    /** @return false when there was no memory for them */
+    bool areComplete() const { return m_values != nullptr; }
 
     /** @return as many values as were given, valid as long as this object is */
-    const NPVariant* values() const { return m_copies.empty() ? m_args : m_copies.data(); }
+    const NPVariant* values() const { return m_values; }
 
 private:
-    const NPVariant* m_args;
-    std::vector<NPVariant> m_copies; ///< empty when there is no stand-in; each Object in it has a reference
+    const NPVariant* m_values;
+    std::unique_ptr<NPVariant[]> m_copies; ///< empty when there is no substitute
+    std::unique_ptr<ScriptObject[]> m_functions;
 };
 
 #endif

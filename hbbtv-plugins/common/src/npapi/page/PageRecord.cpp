@@ -1,220 +1,197 @@
 #include "npapi/page/PageRecord.h"
 
-#include "npapi/engine/BrowserFunctions.h"
+#include "npapi/instance/AsyncCalls.h"
 #include "npapi/instance/PluginInstance.h"
-#include "npapi/page/PageFunction.h"
-#include "npapi/page/PluginScriptObject.h"
+#include "npapi/page/PluginCalls.h"
+
+#include <algorithm>
+#include <stdio.h>
+#include <string.h>
 
 namespace {
 
-constexpr char DATA[] = "data";
-
-/// @return a value that points into `text`
-NPVariant textVariant(const std::string& text) {
+NPVariant voidVariant() {
     NPVariant value;
-    STRINGN_TO_NPVARIANT(text.c_str(), static_cast<uint32_t>(text.size()), value);
+    VOID_TO_NPVARIANT(value);
     return value;
 }
 
-NPVariant textVariant(std::string&& text) = delete;
-
-std::string textOf(const NPVariant& value) {
-    const NPString& text = NPVARIANT_TO_STRING(value);
-    return std::string(text.UTF8Characters, text.UTF8Length);
+NPVariant nullVariant() {
+    NPVariant value;
+    NULL_TO_NPVARIANT(value);
+    return value;
 }
 
-/// The instance's element, held while a function looks at it.
-class Element {
-public:
-    explicit Element(NPP npp) : m_npp(npp), m_object(nullptr) {
-        if (NPN_GetValue(npp, NPNVPluginElementNPObject, &m_object) != NPERR_NO_ERROR) {
-            m_object = nullptr;
-        }
+/// @return a value that borrows the text
+NPVariant textVariant(const char* text) {
+    NPVariant value;
+    STRINGN_TO_NPVARIANT(text, static_cast<uint32_t>(strlen(text)), value);
+    return value;
+}
+
+bool areEqualTexts(const NPVariant& a, const NPVariant& b) {
+    if (!NPVARIANT_IS_STRING(a) || !NPVARIANT_IS_STRING(b)) {
+        return false;
     }
-    ~Element() { NPN_ReleaseObject(m_object); }
-    Element(const Element&) = delete;
-    Element& operator=(const Element&) = delete;
+    const NPString& one = NPVARIANT_TO_STRING(a);
+    const NPString& other = NPVARIANT_TO_STRING(b);
+    return one.UTF8Length == other.UTF8Length &&
+           std::equal(one.UTF8Characters, one.UTF8Characters + one.UTF8Length, other.UTF8Characters);
+}
 
-    /// @return a property, to be released by the caller; Void when there is none
-    NPVariant read(const std::string& name) const {
-        NPVariant value;
-        VOID_TO_NPVARIANT(value);
-        if (m_object) {
-            NPN_GetProperty(m_npp, m_object, NPN_GetStringIdentifier(name.c_str()), &value);
-        }
-        return value;
-    }
+bool isNamed(NPIdentifier identifier, const char* name) {
+    return name && identifier == NPN_GetStringIdentifier(name);
+}
 
-    void write(const std::string& name, const NPVariant& value) const {
-        if (m_object) {
-            NPN_SetProperty(m_npp, m_object, NPN_GetStringIdentifier(name.c_str()), &value);
-        }
-    }
+/// The name of a property of the element that keeps something.
+struct ElementName {
+    char text[128];
 
-    void clear(const std::string& name) const {
-        NPVariant nothing;
-        VOID_TO_NPVARIANT(nothing);
-        write(name, nothing);
-    }
-
-    void remove(const std::string& name) const {
-        if (m_object && browserFunctions().removeproperty) {
-            browserFunctions().removeproperty(m_npp, m_object, NPN_GetStringIdentifier(name.c_str()));
-        }
-    }
-
-    /// @return true when script has set the property on this element
-    bool owns(const std::string& name) const {
-        NPVariant answer = ask("hasOwnProperty", name);
-        const bool owned = NPVARIANT_IS_BOOLEAN(answer) && NPVARIANT_TO_BOOLEAN(answer);
-        NPN_ReleaseVariantValue(&answer);
-        return owned;
-    }
-
-    /// @return an attribute's value, empty without one
-    std::string attribute(const std::string& name) const {
-        NPVariant answer = ask("getAttribute", name);
-        const std::string value = NPVARIANT_IS_STRING(answer) ? textOf(answer) : std::string();
-        NPN_ReleaseVariantValue(&answer);
-        return value;
-    }
-
-    NPObject* object() const { return m_object; }
-
-private:
-    NPVariant ask(const char* method, const std::string& name) const {
-        const NPVariant argument = textVariant(name);
-        NPVariant answer;
-        VOID_TO_NPVARIANT(answer);
-        if (m_object) {
-            NPN_Invoke(m_npp, m_object, NPN_GetStringIdentifier(method), &argument, 1, &answer);
-        }
-        return answer;
-    }
-
-    NPP m_npp;
-    NPObject* m_object;
+    ElementName(const char* beginning, const char* name) { snprintf(text, sizeof text, "%s%s", beginning, name); }
 };
 
-std::string keptProperty(const std::string& name) {
-    return "avcontrol kept " + name;
-}
+/// The properties and attributes of an instance's element, as long as the instance lives.
+class Element {
+public:
+    explicit Element(const InstanceRef& instance) : m_instance(instance), m_object(instance.element()) {}
 
-std::string keptListener(const std::string& type) {
-    return "avcontrol listener " + type;
-}
+    ScriptValue read(const char* name) const { return m_instance.property(m_object, name); }
+    void write(const char* name, const NPVariant& value) const { m_instance.setProperty(m_object, name, value); }
+    void clear(const char* name) const { write(name, voidVariant()); }
+    void remove(const char* name) const { m_instance.removeProperty(m_object, name); }
 
-/// Where the attribute is kept that `data` was written over: another attribute takes precedence later.
-std::string keptAttribute() {
-    return "avcontrol attribute data";
-}
+    /// @return true when script has set the property on this element
+    bool owns(const char* name) const { return ask("hasOwnProperty", name).isTrue(); }
 
-bool isAdopted(const PluginInstance& instance, const std::string& name) {
-    for (const char* const* adopted = instance.module().adoptedProperties; *adopted; ++adopted) {
-        if (name == *adopted) {
-            return true;
-        }
+    /// @return an attribute's value, Null without one
+    ScriptValue attribute(const char* name) const { return ask("getAttribute", name); }
+
+    const InstanceRef& instance() const { return m_instance; }
+    const ScriptObject& object() const { return m_object; }
+
+private:
+    ScriptValue ask(const char* method, const char* name) const {
+        const NPVariant argument = textVariant(name);
+        return m_instance.call(m_object, method, &argument, 1);
     }
-    return false;
-}
 
-bool isNothing(const NPVariant& value) {
-    return NPVARIANT_IS_VOID(value) || NPVARIANT_IS_NULL(value);
-}
+    InstanceRef m_instance;
+    ScriptObject m_object;
+};
 
-/// Engines lay the page out for an access to the element, which may end the instance.
-void write(int instance, const char* name, const NPVariant& value) {
-    if (PluginInstance* live = PluginInstance::withNumber(instance)) {
-        live->write(NPN_GetStringIdentifier(name), value);
-    }
-}
-
-void applyProperty(int instance, const Element& element, const char* name) {
-    NPVariant value = element.read(name);
-    if (!NPVARIANT_IS_VOID(value) && (!NPVARIANT_IS_NULL(value) || element.owns(name))) {
+void applyProperty(const Element& element, const HbbTVElementNames& names, const char* name) {
+    const ElementName kept(names.property, name);
+    ScriptValue value = element.read(name);
+    if (!NPVARIANT_IS_VOID(value.get()) && (!NPVARIANT_IS_NULL(value.get()) || element.owns(name))) {
         // Set while there was no instance; from now on the record has it. What the engine itself would call, such as
         // `onfocus`, cannot be removed but emptied.
-        element.write(name, NPVariant{NPVariantType_Null, {}});
+        element.write(name, nullVariant());
         element.remove(name);
-        element.write(keptProperty(name), value);
+        element.write(kept.text, value.get());
     } else {
-        value = element.read(keptProperty(name));
+        value = element.read(kept.text);
     }
-    if (!isNothing(value)) {
-        write(instance, name, value);
+    if (!value.isNothing()) {
+        writePlugin(element.instance(), NPN_GetStringIdentifier(name), value.get());
     }
-    NPN_ReleaseVariantValue(&value);
 }
 
-void applyData(int instance, const Element& element) {
-    NPVariant data = element.read(keptProperty(DATA));
-    NPVariant attribute = element.read(keptAttribute());
-    if (NPVARIANT_IS_STRING(data) && NPVARIANT_IS_STRING(attribute)) {
-        if (element.attribute(DATA) == textOf(attribute)) {
-            write(instance, DATA, data);
-        } else {
-            element.clear(keptProperty(DATA));
-        }
+void applySource(const Element& element, const HbbTVElementNames& names, const char* name) {
+    const ElementName kept(names.property, name);
+    const ScriptValue source = element.read(kept.text);
+    const ScriptValue attribute = element.read(ElementName(names.attribute, name).text);
+    if (!source.isString() || !attribute.isString()) {
+        return;
     }
-    NPN_ReleaseVariantValue(&data);
-    NPN_ReleaseVariantValue(&attribute);
+    const ScriptValue present = element.attribute(name);
+    if (areEqualTexts(attribute.get(), present.isString() ? present.get() : textVariant(""))) {
+        writePlugin(element.instance(), NPN_GetStringIdentifier(name), source.get());
+    } else {
+        element.clear(kept.text);
+    }
 }
 
-void applyListener(int instance, const Element& element, const std::string& type) {
-    NPVariant listener = element.read(keptListener(type));
-    PluginInstance* const live = PluginInstance::withNumber(instance);
-    if (live && NPVARIANT_IS_OBJECT(listener)) {
-        const NPVariant args[2] = {textVariant(type), listener};
-        NPVariant result;
-        VOID_TO_NPVARIANT(result);
-        invokePlugin(*live, element.object(), NPN_GetStringIdentifier("addEventListener"), args, 2, &result);
-        NPN_ReleaseVariantValue(&result);
+void applyListener(const Element& element, const HbbTVElementNames& names, const char* type) {
+    const ScriptValue listener = element.read(ElementName(names.listener, type).text);
+    if (listener.isObject()) {
+        const NPVariant args[2] = {textVariant(type), listener.get()};
+        ScriptValue result;
+        result.answered(invokePlugin(element.instance(), element.object(), NPN_GetStringIdentifier("addEventListener"),
+                                     args, 2, result.result()));
     }
-    NPN_ReleaseVariantValue(&listener);
+}
+
+void settleRecordOf(void* npp) {
+    settleRecord(InstanceRef::of(static_cast<NPP>(npp)));
 }
 
 } // namespace
 
-void recordProperty(PluginInstance& instance, const std::string& name, const NPVariant& value) {
-    const Element element(instance.npp());
-    if (isAdopted(instance, name)) {
-        element.write(keptProperty(name), value);
-    } else if (name == DATA && NPVARIANT_IS_STRING(value)) {
-        const std::string attribute = element.attribute(DATA);
-        element.write(keptAttribute(), textVariant(attribute));
-        element.write(keptProperty(name), value);
+void recordProperty(const InstanceRef& instance, NPIdentifier name, const NPVariant& value) {
+    if (!instance) {
+        return;
+    }
+    const HbbTVModule& module = instance.get()->module();
+    const Element element(instance);
+    for (const char* const* adopted = module.adoptedProperties; *adopted; ++adopted) {
+        if (isNamed(name, *adopted)) {
+            element.write(ElementName(module.elementNames.property, *adopted).text, value);
+            return;
+        }
+    }
+    const char* const source = module.sourceProperty;
+    if (isNamed(name, source) && NPVARIANT_IS_STRING(value)) {
+        const ScriptValue attribute = element.attribute(source);
+        element.write(ElementName(module.elementNames.attribute, source).text,
+                      attribute.isString() ? attribute.get() : textVariant(""));
+        element.write(ElementName(module.elementNames.property, source).text, value);
     }
 }
 
-void recordListener(PluginInstance& instance, NPIdentifier method, const NPVariant* args, uint32_t argCount) {
+void recordListener(const InstanceRef& instance, NPIdentifier method, const NPVariant* args, uint32_t argCount) {
     // What the object refuses is not kept either.
     const bool wellFormed =
         argCount == 2 || (argCount == 3 && (NPVARIANT_IS_BOOLEAN(args[2]) || NPVARIANT_IS_NULL(args[2])));
-    if (!wellFormed || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
+    if (!instance || !wellFormed || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
         return;
     }
-    const bool added = method == NPN_GetStringIdentifier("addEventListener");
-    if (!added && method != NPN_GetStringIdentifier("removeEventListener")) {
+    const bool added = isNamed(method, "addEventListener");
+    if (!added && !isNamed(method, "removeEventListener")) {
         return;
     }
-    const std::string name = keptListener(textOf(args[0]));
-    const Element element(instance.npp());
-    if (added) {
-        element.write(name, args[1]);
-    } else {
-        element.clear(name);
+    const HbbTVModule& module = instance.get()->module();
+    for (const HbbTVListenerProperty* entry = module.listenerProperties; entry->listener; ++entry) {
+        if (areEqualTexts(args[0], textVariant(entry->listener))) {
+            Element(instance).write(ElementName(module.elementNames.listener, entry->listener).text,
+                                    added ? args[1] : voidVariant());
+            return;
+        }
     }
 }
 
-void applyRecord(PluginInstance& instance) {
-    const int number = instance.number();
-    const HbbTVModule& module = instance.module();
-    const Element element(instance.npp());
-    applyData(number, element);
+void settleRecord(const InstanceRef& instance) {
+    if (!instance || instance.get()->recordState != PageRecordState::Pending) {
+        return;
+    }
+    instance.get()->recordState = PageRecordState::Reading;
+    const HbbTVModule& module = instance.get()->module();
+    const Element element(instance);
+    if (module.sourceProperty) {
+        applySource(element, module.elementNames, module.sourceProperty);
+    }
     for (const char* const* name = module.adoptedProperties; *name; ++name) {
-        applyProperty(number, element, *name);
+        applyProperty(element, module.elementNames, *name);
     }
     for (const HbbTVListenerProperty* entry = module.listenerProperties; entry->listener; ++entry) {
-        applyListener(number, element, entry->listener);
+        applyListener(element, module.elementNames, entry->listener);
+    }
+    if (PluginInstance* const live = instance.get()) {
+        live->recordState = PageRecordState::Settled;
+    }
+}
+
+void scheduleRecord(const InstanceRef& instance) {
+    if (instance) {
+        queueAsyncCall(instance.npp(), settleRecordOf, instance.npp());
     }
 }

@@ -7,22 +7,23 @@
 #ifndef PAGERECORD_H
 #define PAGERECORD_H
 
-#include "npapi/npruntime.h"
+#include "npapi/instance/InstanceRef.h"
 
-#include <string>
+// Script may run in each of these, and the instance may be gone afterwards.
 
-class PluginInstance;
+/** Notes a property that script writes: an adopted property or the source property of the module; no others. */
+void recordProperty(const InstanceRef& instance, NPIdentifier name, const NPVariant& value);
 
-/** Notes a property that script writes: one of the module's adopted properties, or `data`; others are not kept. */
-void recordProperty(PluginInstance& instance, const std::string& name, const NPVariant& value);
-
-/** Notes what addEventListener or removeEventListener is called with; does nothing for other methods. */
-void recordListener(PluginInstance& instance, NPIdentifier method, const NPVariant* args, uint32_t argCount);
+/** Notes an adopted listener that script adds or removes; does nothing for other methods. */
+void recordListener(const InstanceRef& instance, NPIdentifier method, const NPVariant* args, uint32_t argCount);
 
 /**
- * Hands what was noted, and what a page has set on the element while there was no instance, to a new instance.
- * Script may run, and the instance may be gone afterwards.
+ * Hands what was noted, and what a page has set on the element while there was no instance, to a new instance, if that
+ * is yet to be done. Not while the engine makes the instance.
  */
-void applyRecord(PluginInstance& instance);
+void settleRecord(const InstanceRef& instance);
+
+/** Has settleRecord called in a turn of its own, unless the engine asks for the script object before. */
+void scheduleRecord(const InstanceRef& instance);
 
 #endif

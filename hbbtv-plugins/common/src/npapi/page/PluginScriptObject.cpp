@@ -1,84 +1,61 @@
 #include "npapi/page/PluginScriptObject.h"
 
-#include "npapi/instance/AsyncCalls.h"
 #include "npapi/instance/PluginInstance.h"
 #include "npapi/instance/PluginTrace.h"
 #include "npapi/page/CollectionArray.h"
 #include "npapi/page/PageFunction.h"
 #include "npapi/page/PageRecord.h"
+#include "npapi/page/PluginCalls.h"
 
-#include <algorithm>
-#include <string.h>
+#include <new>
 
-// Script that a plug-in operation calls may delete the instance, and so may the layout that engines do for an access to
-// the element: nothing below touches it after either without asking again.
+// The functions below copy the reference to the instance before they call anything: with the instance the engine may
+// give up the script object.
 
 namespace {
 
-PluginInstance* instanceOf(NPObject* object) {
+/// Counted by the engine.
+struct PluginScriptObject {
+    NPObject object;
+    InstanceRef instance;
+};
+
+InstanceRef instanceOf(NPObject* object) {
     return reinterpret_cast<PluginScriptObject*>(object)->instance;
 }
 
 NPObject* allocate(NPP, NPClass*) {
-    void* memory = NPN_MemAlloc(sizeof(PluginScriptObject));
-    if (memory) {
-        memset(memory, 0, sizeof(PluginScriptObject));
-    }
-    return static_cast<NPObject*>(memory);
+    void* const memory = NPN_MemAlloc(sizeof(PluginScriptObject));
+    return memory ? &(new (memory) PluginScriptObject{{}, {}})->object : nullptr;
 }
 
 void deallocate(NPObject* object) {
+    reinterpret_cast<PluginScriptObject*>(object)->~PluginScriptObject();
     NPN_MemFree(object);
 }
 
 bool hasMethod(NPObject* object, NPIdentifier name) {
-    PluginInstance* instance = instanceOf(object);
-    return instance && instance->plugin()->hasMethod(name);
-}
-
-bool invokeTraced(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
-                  uint32_t argCount, NPVariant* result) {
-    const OperationScope scope;
-    if (!pluginTraceIsOn()) {
-        return instance.plugin()->invoke(element, name, args, argCount, result);
-    }
-    const int number = instance.number();
-    const std::string method = describeIdentifier(name);
-    const std::vector<HbbTVPluginTraceValue> arguments = pluginTraceValues(args, argCount);
-    HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_CALL, number);
-    const bool known = instance.plugin()->invoke(element, name, args, argCount, result);
-    entry.call = {method.c_str(), arguments.data(), argCount, pluginTraceValue(*result),
-                  pluginTraceNow() - entry.timeUs};
-    pluginTraceEntry(entry);
-    if (PluginInstance* alive = PluginInstance::withNumber(number)) {
-        alive->traceState();
-    }
-    return known;
+    const InstanceRef instance = instanceOf(object);
+    return instance && instance.get()->plugin().hasMethod(name);
 }
 
 bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t argCount, NPVariant* result) {
-    PluginInstance* instance = instanceOf(object);
+    const InstanceRef instance = instanceOf(object);
     if (!instance) {
         return false;
     }
     VOID_TO_NPVARIANT(*result);
     // So that play() and setFullScreen() know the element's rectangle when a page calls them at once.
-    instance->settlePlace();
-    instance = instanceOf(object);
-    if (!instance) {
-        return false;
-    }
+    settleWindow(instance);
     // A DOM event raised on the plug-in's own script object reaches nobody; on the element it does.
-    NPObject* element = instance->pageObject(NPNVPluginElementNPObject);
-    if (!element) {
-        element = NPN_RetainObject(object);
+    ScriptObject element = instance.element();
+    if (!element && instance) {
+        element = ScriptObject::to(object);
     }
-    recordListener(*instance, name, args, argCount);
-    instance = instanceOf(object);
-    const bool known = instance && invokePlugin(*instance, element, name, args, argCount, result);
-    NPN_ReleaseObject(element);
-    if (known && instanceOf(object)) {
-        presentAsArray(instanceOf(object)->npp(), result);
+    recordListener(instance, name, args, argCount);
+    const bool known = invokePlugin(instance, element, name, args, argCount, result);
+    if (known) {
+        presentAsArray(instance, result);
     }
     return known;
 }
@@ -88,44 +65,38 @@ bool invokeDefault(NPObject*, const NPVariant*, uint32_t, NPVariant*) {
 }
 
 bool hasProperty(NPObject* object, NPIdentifier name) {
-    PluginInstance* instance = instanceOf(object);
-    return instance && instance->plugin()->hasProperty(name);
+    const InstanceRef instance = instanceOf(object);
+    return instance && instance.get()->plugin().hasProperty(name);
 }
 
 bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
-    PluginInstance* instance = instanceOf(object);
+    const InstanceRef instance = instanceOf(object);
     VOID_TO_NPVARIANT(*result);
     // Asked again because the engine remembers an earlier true for all objects of this class.
-    if (!instance || !instance->plugin()->hasProperty(name)) {
+    if (!instance || !instance.get()->plugin().hasProperty(name)) {
         return false;
     }
-    const bool found = instance->plugin()->getProperty(name, result);
-    if (found && NPVARIANT_IS_OBJECT(*result)) {
-        NPObject* kept = NPVARIANT_TO_OBJECT(*result);
-        NPObject* function = pageFunctionBehind(instance->npp(), kept);
-        NPN_ReleaseObject(kept);
-        if (function) {
-            OBJECT_TO_NPVARIANT(function, *result);
-        } else {
-            NULL_TO_NPVARIANT(*result);
-        }
+    ScriptValue value;
+    value.answered(instance.get()->plugin().getProperty(name, value.result()));
+    const bool found = static_cast<bool>(value);
+    if (value.isObject()) {
+        const ScriptObject kept = value.takeObject();
+        *result = pageFunctionBehind(instance, kept.get()).releaseValue();
+    } else {
+        *result = value.release();
     }
-    if (pluginTraceIsOn() && instanceOf(object)) {
+    if (pluginTraceIsOn() && instance) {
         const HbbTVPluginTraceValue none = {};
-        pluginTraceProperty(HBBTV_TRACE_READ, instanceOf(object)->number(), describeIdentifier(name).c_str(),
+        pluginTraceProperty(HBBTV_TRACE_READ, instance.number(), describeIdentifier(name).c_str(),
                             found ? pluginTraceValue(*result) : none);
     }
     return found;
 }
 
 bool setProperty(NPObject* object, NPIdentifier name, const NPVariant* value) {
-    PluginInstance* instance = instanceOf(object);
-    if (!instance) {
-        return false;
-    }
-    recordProperty(*instance, describeIdentifier(name), *value);
-    instance = instanceOf(object);
-    return instance && instance->write(name, *value);
+    const InstanceRef instance = instanceOf(object);
+    recordProperty(instance, name, *value);
+    return writePlugin(instance, name, *value);
 }
 
 NPClass scriptClass = {NP_CLASS_STRUCT_VERSION,
@@ -144,30 +115,20 @@ NPClass scriptClass = {NP_CLASS_STRUCT_VERSION,
 
 } // namespace
 
-// A function of the page among the arguments, as of addEventListener, is kept under the name before it.
-bool invokePlugin(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
-                  uint32_t argCount, NPVariant* result) {
-    constexpr uint32_t MOST_ARGUMENTS = 3;
-    if (argCount < 2 || argCount > MOST_ARGUMENTS || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
-        return invokeTraced(instance, element, name, args, argCount, result);
+ScriptObject scriptObjectOf(const InstanceRef& instance) {
+    PluginInstance* live = instance.get();
+    // While the record is read it would answer in the place of the element, whose own properties are asked for.
+    if (!live || live->recordState == PageRecordState::Reading) {
+        return ScriptObject();
     }
-    const NPString& type = NPVARIANT_TO_STRING(args[0]);
-    NPVariant kept[MOST_ARGUMENTS];
-    std::copy(args, args + argCount, kept);
-    OBJECT_TO_NPVARIANT(keepPageFunction(instance, std::string(type.UTF8Characters, type.UTF8Length).c_str(),
-                                         NPVARIANT_TO_OBJECT(args[1])),
-                        kept[1]);
-    const bool known = invokeTraced(instance, element, name, kept, argCount, result);
-    NPN_ReleaseVariantValue(&kept[1]);
-    return known;
-}
-
-PluginScriptObject* createPluginScriptObject(PluginInstance& instance) {
-    NPObject* object = NPN_CreateObject(instance.npp(), &scriptClass);
-    if (!object) {
-        return nullptr;
+    if (!live->scriptObject) {
+        ScriptObject made(NPN_CreateObject(instance.npp(), &scriptClass));
+        live = instance.get();
+        if (!made || !live) {
+            return ScriptObject();
+        }
+        reinterpret_cast<PluginScriptObject*>(made.get())->instance = instance;
+        live->scriptObject = std::move(made);
     }
-    PluginScriptObject* scriptObject = reinterpret_cast<PluginScriptObject*>(object);
-    scriptObject->instance = &instance;
-    return scriptObject;
+    return ScriptObject::to(live->scriptObject.get());
 }

@@ -2,24 +2,12 @@
 #ifndef PLUGINSCRIPTOBJECT_H
 #define PLUGINSCRIPTOBJECT_H
 
-#include "npapi/npruntime.h"
-
-class PluginInstance;
-
-/** Counted by the engine; may outlive its instance, and then answers nothing. */
-struct PluginScriptObject {
-    NPObject object;
-    PluginInstance* instance; ///< null when the instance has gone
-};
+#include "npapi/instance/InstanceRef.h"
 
 /**
- * Calls a method of the plug-in; functions of the page among the arguments are kept. The instance may be gone
- * afterwards. @return false when the plug-in has no such method
+ * The script object of an instance, made at the first call. It may outlive the instance, and then answers nothing.
+ * @return empty without memory, and while the page's record is read
  */
-bool invokePlugin(PluginInstance& instance, NPObject* element, NPIdentifier name, const NPVariant* args,
-                  uint32_t argCount, NPVariant* result);
-
-/** @return a script object with one reference, the caller's; null without memory */
-PluginScriptObject* createPluginScriptObject(PluginInstance& instance);
+ScriptObject scriptObjectOf(const InstanceRef& instance);
 
 #endif

@@ -2,14 +2,14 @@
 #ifndef WINDOWSCRIPT_H
 #define WINDOWSCRIPT_H
 
-#include "npapi/npruntime.h"
+#include "npapi/instance/InstanceRef.h"
 
 /**
- * Makes a function in the page's window.
+ * Makes a function in the page's window. Script may run.
  * @param parameters names of its parameters, separated by commas
  * @param body       its statements
- * @return the function, with a reference for the caller; null when the page has no window or forbids scripts
+ * @return the function; empty when the page has no window or forbids scripts
  */
-NPObject* makeWindowFunction(NPP npp, const char* parameters, const char* body);
+ScriptObject makeWindowFunction(const InstanceRef& instance, const char* parameters, const char* body);
 
 #endif
