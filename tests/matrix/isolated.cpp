@@ -142,7 +142,8 @@ std::vector<Finding> runIsolated(size_t count, unsigned processes, const std::fu
     std::vector<Finding> findings;
     while (!ranges.empty() || !running.empty()) {
         while (!ranges.empty() && !free.empty()) {
-            const std::string output = "/tmp/isolated." + std::to_string(getpid()) + "." + std::to_string(free.front() - slots);
+            const std::string output =
+                "/tmp/isolated." + std::to_string(getpid()) + "." + std::to_string(free.front() - slots);
             const Process process = {ranges.front(), free.front(), output};
             ranges.pop_front();
             free.pop_front();

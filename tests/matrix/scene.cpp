@@ -64,6 +64,5 @@ void Scene::dropFrame() {
 }
 
 void Scene::deliver() {
-    for (int i = 0; i < 1000 && browser().deliverOne(); ++i) {
-    }
+    for (int i = 0; i < 1000 && browser().deliverOne(); ++i) {}
 }

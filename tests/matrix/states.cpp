@@ -39,14 +39,13 @@ using Maker = std::function<Value(Scene&)>;
 
 /// Values that script may pass, by their names.
 const std::map<std::string, Maker>& values() {
-    static const std::map<std::string, Maker> all = {
-        {"null", [](Scene&) { return Value(nullptr); }},
-        {"true", [](Scene&) { return Value(true); }},
-        {"0", [](Scene&) { return Value(0.0); }},
-        {"1", [](Scene&) { return Value(1.0); }},
-        {"'film.mp4'", [](Scene&) { return Value(RELATIVE_URL); }},
-        {"'http:'", [](Scene&) { return Value(ABSOLUTE_URL); }},
-        {"g", [](Scene& scene) { return Value(scene.otherFunction()); }}};
+    static const std::map<std::string, Maker> all = {{"null", [](Scene&) { return Value(nullptr); }},
+                                                     {"true", [](Scene&) { return Value(true); }},
+                                                     {"0", [](Scene&) { return Value(0.0); }},
+                                                     {"1", [](Scene&) { return Value(1.0); }},
+                                                     {"'film.mp4'", [](Scene&) { return Value(RELATIVE_URL); }},
+                                                     {"'http:'", [](Scene&) { return Value(ABSOLUTE_URL); }},
+                                                     {"g", [](Scene& scene) { return Value(scene.otherFunction()); }}};
     return all;
 }
 
@@ -104,17 +103,18 @@ void addScriptOperations(std::vector<Step>& all) {
     for (const std::string& name : words(METHODS)) {
         all.push_back({name + "()", [=](Scene& scene) { scene.element().call(name); }});
         for (const auto& [text, make] : values()) {
-            all.push_back(
-                {name + "(" + text + ")", [=](Scene& scene) { scene.element().call(name, {make(scene)}); }});
+            all.push_back({name + "(" + text + ")", [=](Scene& scene) { scene.element().call(name, {make(scene)}); }});
         }
     }
     for (const char* method : {"addEventListener", "removeEventListener"}) {
         for (const std::string& type : words(LISTENERS)) {
-            all.push_back({method + ("(" + type + ")"),
-                           [=](Scene& scene) { scene.element().call(method, {type, scene.otherFunction()}); }});
+            all.push_back({method + ("(" + type + ")"), [=](Scene& scene) {
+                               scene.element().call(method, {type, scene.otherFunction()});
+                           }});
         }
-        all.push_back({method + std::string("(true, f)"),
-                       [=](Scene& scene) { scene.element().call(method, {true, scene.function(), false}); }});
+        all.push_back({method + std::string("(true, f)"), [=](Scene& scene) {
+                           scene.element().call(method, {true, scene.function(), false});
+                       }});
     }
     for (const char* method : {"selectComponent", "unselectComponent"}) {
         all.push_back({method + std::string("(component)"), [=](Scene& scene) { withComponent(scene, method); }});
@@ -124,8 +124,9 @@ void addScriptOperations(std::vector<Step>& all) {
 void addEngineOperations(std::vector<Step>& all) {
     for (const std::string& name : words(ATTRIBUTES)) {
         for (const char* value : {RELATIVE_URL, ABSOLUTE_URL, "7", "video/mp4", "src:a.vtt srclang:deu"}) {
-            all.push_back({"<object " + name + "='" + value + "'>",
-                           [=](Scene& scene) { scene.another({{name, value}}).show(); }});
+            all.push_back({"<object " + name + "='" + value + "'>", [=](Scene& scene) {
+                               scene.another({{name, value}}).show();
+                           }});
         }
     }
     for (int event = 0; event <= eMEDIA_CALLBACK_MAX; ++event) {
@@ -181,8 +182,7 @@ const std::vector<Step>& states() {
              scene.element().call("play", {0.0});
              scene.deliver();
          }},
-        {"full-screen, ended",
-         [](Scene& scene) {
+        {"full-screen, ended", [](Scene& scene) {
              scene.another().show();
              play(scene, ABSOLUTE_URL);
              scene.element().call("setFullScreen", {true});
@@ -222,34 +222,40 @@ const std::vector<Action>& actions() {
     static const std::vector<Action> all = {
         action("hide", [](Scene& scene) { scene.element().hide(); }),
         action("hide and show", remake),
-        action("hide, show another", [](Scene& scene) {
-            scene.element().hide();
-            scene.another().show();
-        }),
-        action("hide and deliver", [](Scene& scene) {
-            scene.element().hide();
-            scene.deliver();
-        }),
+        action("hide, show another",
+               [](Scene& scene) {
+                   scene.element().hide();
+                   scene.another().show();
+               }),
+        action("hide and deliver",
+               [](Scene& scene) {
+                   scene.element().hide();
+                   scene.deliver();
+               }),
         action("deliver", [](Scene& scene) { scene.deliver(); }),
-        action("report the end and deliver", [](Scene& scene) {
-            scene.report(eMEDIA_CALLBACK_FINISHED);
-            scene.deliver();
-        }),
+        action("report the end and deliver",
+               [](Scene& scene) {
+                   scene.report(eMEDIA_CALLBACK_FINISHED);
+                   scene.deliver();
+               }),
         action("report an error", [](Scene& scene) { scene.report(eMEDIA_CALLBACK_ERROR, 2); }),
-        action("play after a move", [](Scene& scene) {
-            scene.element().layOut(5, 5, 320, 180);
-            scene.element().call("play", {1.0});
-        }),
+        action("play after a move",
+               [](Scene& scene) {
+                   scene.element().layOut(5, 5, 320, 180);
+                   scene.element().call("play", {1.0});
+               }),
         action("fill the screen", [](Scene& scene) { scene.element().layOut(0, 0, 1280, 720); }),
         action("listen", [](Scene& scene) { listen(scene, "addEventListener", scene.otherFunction()); }),
         action("stop listening", [](Scene& scene) { listen(scene, "removeEventListener", scene.function()); }),
-        action("components change", [](Scene& scene) {
-            fake::television().components.resize(1);
-            withComponent(scene, "selectComponent");
-        }),
+        action("components change",
+               [](Scene& scene) {
+                   fake::television().components.resize(1);
+                   withComponent(scene, "selectComponent");
+               }),
         action("stop()", [](Scene& scene) { scene.element().call("stop"); }),
         action("focus()", [](Scene& scene) { scene.element().call("focus"); }),
-        Action{{"remove the frame", [](Scene& scene) {
+        Action{{"remove the frame",
+                [](Scene& scene) {
                     for (Element* element : scene.elements()) {
                         element->hide();
                     }

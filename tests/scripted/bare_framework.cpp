@@ -22,30 +22,24 @@ PluginBaseClass* pluginOf(NPObject* object) {
     return static_cast<Scriptable*>(object)->plugin;
 }
 
-NPClass scriptableClass = {NP_CLASS_STRUCT_VERSION,
-                           [](NPP, NPClass*) -> NPObject* { return new Scriptable(); },
-                           [](NPObject* object) { delete static_cast<Scriptable*>(object); },
-                           nullptr,
-                           [](NPObject* object, NPIdentifier name) {
-                               return pluginOf(object) && pluginOf(object)->hasMethod(name);
-                           },
-                           [](NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t count,
-                              NPVariant* result) {
-                               return pluginOf(object)->invoke(browser().element, name, args, count, result);
-                           },
-                           nullptr,
-                           [](NPObject* object, NPIdentifier name) {
-                               return pluginOf(object) && pluginOf(object)->hasProperty(name);
-                           },
-                           [](NPObject* object, NPIdentifier name, NPVariant* result) {
-                               return pluginOf(object)->getProperty(name, result);
-                           },
-                           [](NPObject* object, NPIdentifier name, const NPVariant* value) {
-                               return pluginOf(object) && pluginOf(object)->setProperty(name, value);
-                           },
-                           nullptr,
-                           nullptr,
-                           nullptr};
+NPClass scriptableClass = {
+    NP_CLASS_STRUCT_VERSION,
+    [](NPP, NPClass*) -> NPObject* { return new Scriptable(); },
+    [](NPObject* object) { delete static_cast<Scriptable*>(object); },
+    nullptr,
+    [](NPObject* object, NPIdentifier name) { return pluginOf(object) && pluginOf(object)->hasMethod(name); },
+    [](NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t count, NPVariant* result) {
+        return pluginOf(object)->invoke(browser().element, name, args, count, result);
+    },
+    nullptr,
+    [](NPObject* object, NPIdentifier name) { return pluginOf(object) && pluginOf(object)->hasProperty(name); },
+    [](NPObject* object, NPIdentifier name, NPVariant* result) { return pluginOf(object)->getProperty(name, result); },
+    [](NPObject* object, NPIdentifier name, const NPVariant* value) {
+        return pluginOf(object) && pluginOf(object)->setProperty(name, value);
+    },
+    nullptr,
+    nullptr,
+    nullptr};
 
 NPError newInstance(NPMIMEType type, NPP handle, uint16_t mode, int16_t argc, char* argn[], char* argv[],
                     NPSavedData* saved) {

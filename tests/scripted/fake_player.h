@@ -30,9 +30,9 @@ struct Television {
     int64_t position = 0;
     int duration = 60000;
     int speedInForce = 1;
-    sub_properties_t subtitle = {}; /**< the track last added */
+    sub_properties_t subtitle = {};                 /**< the track last added */
     std::vector<Hbbtv_AL_ComponentInfo> components; /**< of every player, where the platform lists them */
-    void* component = nullptr;      /**< the record last selected or unselected */
+    void* component = nullptr;                      /**< the record last selected or unselected */
 
     /** Calls a player's callback on a thread of its own and waits for it to return. */
     void report(int handle, int event, int code, void* block);

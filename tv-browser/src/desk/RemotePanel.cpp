@@ -46,7 +46,7 @@ RemotePanel::RemotePanel(bool spatialNavigation) {
     for (const int row : gapRows) {
         grid->setRowMinimumHeight(row, gapHeight);
     }
-    auto* focus = new QCheckBox(QStringLiteral("Arrow keys move the focus"));
+    auto* focus = new QCheckBox(QStringLiteral("Arrows move the focus"));
     focus->setFocusPolicy(Qt::TabFocus);
     focus->setChecked(spatialNavigation);
     connect(focus, &QCheckBox::toggled, this, &RemotePanel::spatialNavigationSwitched);

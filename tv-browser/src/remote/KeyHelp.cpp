@@ -10,89 +10,97 @@ namespace tv {
 
 namespace {
 
-constexpr int gap = 2;
-constexpr int longestNames = 20; ///< longer ones get a line of their own below
+constexpr int gap = 2; ///< between cells, and before a name below its title
+constexpr int longestNames = 26;
 
-struct Line {
+/** What a key does, or several that share their keyboard text, and which keyboard keys act as it. */
+struct Entry {
     QString name;
     QString keyboard;
 };
 
-/** Neighbours of the table that share their text share a line. */
-QList<Line> linesOfRemote() {
-    QList<Line> lines;
+/** A line of the help: two entries; or one text, as the name of the left entry, over the whole width. */
+struct Row {
+    Entry left;
+    Entry right;
+
+    bool isText() const { return left.keyboard.isEmpty(); }
+};
+
+QString indented(const QString& text) {
+    return QString(gap, QLatin1Char(' ')) + text;
+}
+
+QList<Entry> entriesOfRemote() {
+    QList<Entry> entries;
     for (const RemoteKey& key : remoteKeys()) {
         const QString name = QString::fromLatin1(key.name);
         const QString keyboard = QString::fromLatin1(key.keyboardText);
-        if (!lines.isEmpty() && lines.last().keyboard == keyboard) {
-            lines.last().name += QLatin1Char(' ') + name;
+        if (!entries.isEmpty() && entries.last().keyboard == keyboard) {
+            entries.last().name += QLatin1Char(' ') + name;
         } else {
-            lines.append({name, keyboard});
+            entries.append({name, keyboard});
         }
     }
-    return lines;
+    return entries;
 }
 
-QList<Line> linesOfDesk() {
-    QList<Line> lines;
+QList<Entry> entriesOfDesk() {
+    QList<Entry> entries;
     for (const DeskKey& key : deskKeys) {
-        lines.append({QString::fromLatin1(key.title), QString::fromLatin1(key.shortcut)});
+        entries.append({QString::fromLatin1(key.title), QString::fromLatin1(key.shortcut)});
     }
-    return lines;
+    return entries;
 }
 
-/** @return one column of a table, its lines padded to the same width */
-QStringList columnOf(const QString& title, const QList<Line>& lines) {
-    int names = title.size() - gap;
-    int keyboards = 8; // of the title
-    for (const Line& line : lines) {
-        names = std::max(names, line.name.size());
-        keyboards = std::max(keyboards, line.keyboard.size());
+/** @return a title, the entries in two columns, and those with many names below */
+QList<Row> table(const QString& title, QList<Entry> entries) {
+    const auto wide = std::stable_partition(entries.begin(), entries.end(),
+                                            [](const Entry& entry) { return entry.name.size() <= longestNames; });
+    const int count = static_cast<int>(wide - entries.begin());
+    const int half = (count + 1) / 2;
+    const Entry head{title, QStringLiteral("Keyboard")};
+    QList<Row> rows{{head, head}};
+    for (int i = 0; i < half; ++i) {
+        const Entry right = i + half < count ? entries[i + half] : Entry();
+        rows.append(Row{{indented(entries[i].name), entries[i].keyboard}, {indented(right.name), right.keyboard}});
     }
-    QStringList column{title.leftJustified(names + 2 * gap) + QStringLiteral("Keyboard").leftJustified(keyboards)};
-    for (const Line& line : lines) {
-        column.append(QString(gap, QLatin1Char(' ')) + line.name.leftJustified(names + gap) +
-                      line.keyboard.leftJustified(keyboards));
+    for (const Entry& entry : entries.mid(count)) {
+        rows.append(Row{{indented(entry.name + indented(entry.keyboard)), {}}, {}});
     }
-    return column;
+    return rows;
 }
 
-/** @return the lines in two columns, of which the first is the longer one */
-QStringList tableOf(const QString& title, const QList<Line>& lines) {
-    const int half = (lines.size() + 1) / 2;
-    const QStringList left = columnOf(title, lines.mid(0, half));
-    const QStringList right = columnOf(title, lines.mid(half));
-    QStringList table;
-    for (int i = 0; i < left.size(); ++i) {
-        table.append(left[i] + QString(gap, QLatin1Char(' ')) + right.value(i));
-    }
-    return table;
+QString withoutSpacesAtEnd(const QString& line) {
+    return line.isEmpty() || !line.back().isSpace() ? line : withoutSpacesAtEnd(line.chopped(1));
 }
 
 } // namespace
 
 QString keyHelpText() {
-    QList<Line> remote = linesOfRemote();
-    const auto isWide = [](const Line& line) { return line.name.size() > longestNames; };
-    const auto wide =
-        std::stable_partition(remote.begin(), remote.end(), [&](const Line& line) { return !isWide(line); });
-    const QList<Line> wideLines(wide, remote.end());
-    remote.erase(wide, remote.end());
-
-    QStringList text = tableOf(QStringLiteral("Remote control"), remote);
-    for (const Line& line : wideLines) {
-        text.append(QStringLiteral("  %1  %2").arg(line.name, line.keyboard));
-    }
-    text += tableOf(QStringLiteral("Window"), linesOfDesk());
-    QString trimmed;
-    for (const QString& line : text) {
-        int length = line.size();
-        while (length > 0 && line[length - 1].isSpace()) {
-            --length;
+    const QList<Row> rows =
+        table(QStringLiteral("Remote control"), entriesOfRemote()) + table(QStringLiteral("Window"), entriesOfDesk());
+    // Both tables have the same columns.
+    const auto widthOf = [&rows](Entry Row::*column, QString Entry::*cell) {
+        int width = 0;
+        for (const Row& row : rows) {
+            const QString& text = row.*column.*cell;
+            width = row.isText() ? width : std::max(width, text.size());
         }
-        trimmed += line.left(length) + QLatin1Char('\n');
+        return width + gap;
+    };
+    const int leftNames = widthOf(&Row::left, &Entry::name);
+    const int leftKeyboard = widthOf(&Row::left, &Entry::keyboard);
+    const int rightNames = widthOf(&Row::right, &Entry::name);
+    QString text;
+    for (const Row& row : rows) {
+        const QString line = row.isText() ? row.left.name
+                                          : row.left.name.leftJustified(leftNames) +
+                                                row.left.keyboard.leftJustified(leftKeyboard) +
+                                                row.right.name.leftJustified(rightNames) + row.right.keyboard;
+        text += withoutSpacesAtEnd(line) + QLatin1Char('\n');
     }
-    return trimmed;
+    return text;
 }
 
 } // namespace tv
