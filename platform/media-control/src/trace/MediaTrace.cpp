@@ -24,10 +24,10 @@ void trace(MediaTraceEntry& entry) {
     if (!isTraced()) {
         return;
     }
-    // Before the lock: a report that waits for a command to be traced has happened already.
+    const std::lock_guard<std::recursive_mutex> lock(observerMutex);
+    // With the lock: a report that waited for its command also bears a later time than the command.
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     entry.timeUs = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-    const std::lock_guard<std::recursive_mutex> lock(observerMutex);
     if (observer) {
         observer(&entry, observerData);
     }
