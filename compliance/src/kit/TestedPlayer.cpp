@@ -242,8 +242,13 @@ void TestedPlayer::forgetReports() {
 }
 
 void TestedPlayer::awaitPosition(int64_t ms) {
-    if (!m_trial.comesToHold([&] { return position() >= ms || hasReport(eMEDIA_CALLBACK_ERROR); }) || position() < ms) {
-        m_trial.fail("the position is " + std::to_string(position()) + ": " + story(),
+    int64_t seen = -1;
+    const bool came = m_trial.comesToHold([&] {
+        seen = position();
+        return seen >= ms || hasReport(eMEDIA_CALLBACK_ERROR);
+    });
+    if (!came || seen < ms) {
+        m_trial.fail("the position is " + std::to_string(seen) + ": " + story(),
                      "a position of " + std::to_string(ms) + " ms or more while the media plays");
     }
 }

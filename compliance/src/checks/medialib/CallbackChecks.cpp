@@ -1,9 +1,9 @@
 // Callbacks that block, that call back, that are removed or replaced.
 #include "checks/Checks.h"
+#include "kit/DataBlock.h"
 #include "kit/TestedPlayer.h"
 
 #include <atomic>
-#include <cstdlib>
 
 namespace compliance {
 namespace {
@@ -105,7 +105,7 @@ void laterCallbackReplaces(Trial& trial) {
     trial.platform.addCallback(
         player.handle(),
         [](unsigned int, eMEDIA_CALLBACK_EVENT, int, void* data, void*) {
-            std::free(data);
+            takeDataBlock(data);
             ++received;
         },
         static_cast<void*>(nullptr));

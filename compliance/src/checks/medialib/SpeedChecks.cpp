@@ -44,6 +44,7 @@ int64_t pace(Trial& trial, const TestedPlayer& player) {
 }
 
 void forwardIsFaster(Trial& trial) {
+    constexpr int TRIES = 4;
     TestedPlayer player(trial);
     player.startPlaying(trial.server.url(media::FILM));
     const int64_t normal = pace(trial, player);
@@ -53,8 +54,10 @@ void forwardIsFaster(Trial& trial) {
     const int inForce = player.speed();
     trial.require(inForce > 1, "GetSpeed returned " + std::to_string(inForce) + " at SPEED_CHANGED",
                   "the speed in force, more than 1");
-    trial.wait(milliseconds(300));
-    const int64_t fast = pace(trial, player);
+    int64_t fast = 0;
+    for (int i = 0; i < TRIES && fast <= normal * 3 / 2; ++i) { // it takes a while to get there
+        fast = pace(trial, player);
+    }
     trial.note("speed " + std::to_string(inForce) + ", " + std::to_string(fast) + " ms of media a second");
     trial.require(fast > normal * 3 / 2,
                   "the position grew by " + std::to_string(fast) + " ms a second at speed " + std::to_string(inForce) +

@@ -1,0 +1,9 @@
+// CONNECTING is reported when the media plays already.
+#include "Broken.h"
+
+void broken::alterReport(const Listener& listener, eMEDIA_CALLBACK_EVENT event, int code, void* data) {
+    listener.report(event, code, data);
+    if (event == eMEDIA_CALLBACK_PLAYING) {
+        listener.report(eMEDIA_CALLBACK_CONNECTING);
+    }
+}
