@@ -3,6 +3,7 @@
 #include "kit/Options.h"
 #include "kit/Suite.h"
 #include "pages/PageRun.h"
+#include "pages/Pages.h"
 #include "report/Reports.h"
 #include "server/MediaFolder.h"
 
@@ -64,8 +65,17 @@ int serve(const Options& options) {
     return finish(runPages(options, media.path(), print), options);
 }
 
+/** @return what runs code, and what the television's browser runs */
+std::vector<Check> checksAndPages() {
+    std::vector<Check> all = allChecks();
+    for (const Page& page : allPages()) {
+        all.push_back(page.check);
+    }
+    return all;
+}
+
 int explain(const std::string& name) {
-    for (const Check& check : allChecks()) {
+    for (const Check& check : checksAndPages()) {
         if (check.name == name) {
             print(explanation(check));
             return 0;
@@ -80,7 +90,7 @@ int dispatch(const Options& options) {
         print(usage());
         return 0;
     case Options::Action::LIST:
-        print(listing(allChecks()));
+        print(listing(checksAndPages()));
         return 0;
     case Options::Action::EXPLAIN:
         return explain(options.explain);
