@@ -76,12 +76,12 @@ void PageConsole::print(bool isScriptError, QWebPage::MessageLevel level, const 
     emit printed(message);
 }
 
-void PageConsole::printDialog(const QString& kind, const QString& message, const QString& answer) {
+void PageConsole::printDialog(const QString& kind, const QString& message, const QString& result) {
     if (++m_dialogs > mostDialogs) {
         return;
     }
     printMessage(QStringLiteral("%1: %2(\"%3\")%4%5")
-                     .arg(m_nameOf(m_page.mainFrame()->url()), kind, message, answer,
+                     .arg(m_nameOf(m_page.mainFrame()->url()), kind, message, result,
                           m_dialogs == mostDialogs ? QStringLiteral("; further dialogs of this page are not printed")
                                                    : QString()));
 }

@@ -44,9 +44,9 @@ public:
     /**
      * Prints a dialog of the page, up to a number of them for each page.
      * @param kind   name of the function that the page has called
-     * @param answer that the page gets, in words; may be empty
+     * @param result what the function returns, in words; empty for nothing
      */
-    void printDialog(const QString& kind, const QString& message, const QString& answer);
+    void printDialog(const QString& kind, const QString& message, const QString& result);
 
 signals:
     void printed(const ConsoleMessage& message);

@@ -17,7 +17,7 @@ namespace tv {
 
 /**
  * The engine, set up as a television's: its screen size, its network, its embedded objects, the keys of its remote
- * control, and answers to all that an engine asks a desktop user.
+ * control, and without the dialogs for which a desktop engine needs a user.
  */
 class TvPage : public QWebPage {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
     /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
     QString mediaPluginFile();
 
-    /** @return false when the page does not get that key, because it did not ask for a key set that has it */
+    /** @return false when the page does not get that key, because the key is in none of the key sets that it has requested */
     bool receives(const RemoteKey& key) const { return m_application->receives(key.code, key.keyset); }
 
     /** Sends a key of the remote control to the page, unless the page does not get that key. */

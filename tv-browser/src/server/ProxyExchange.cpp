@@ -61,7 +61,7 @@ void Exchange::respond(const FaultForNames& faultFor) {
         write(m_client, responseWithoutFile(SOUP_STATUS_NOT_IMPLEMENTED), m_end);
         return;
     }
-    const ServerFault fault = takeNoFaultMark(*target) ? ServerFault() : faultFor(namesOf(*target));
+    const ServerFault fault = takeNoFaultParameter(*target) ? ServerFault() : faultFor(namesOf(*target));
     if (fault.silent) {
         waitInSilence();
     } else if (!m_stop.pause(fault.delayMs)) {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr uint16_t httpPort = 80;
 const char* const scheme = "http://";
-const std::string noFaultMark = "fault="; // an empty parameter, as the local server takes it
+const std::string noFaultParameter = "fault="; // an empty parameter, as the local server takes it
 
 struct Free {
     void operator()(gchar* text) const { g_free(text); }
@@ -54,17 +54,17 @@ std::vector<std::string> namesOf(const ProxyTarget& target) {
 
 std::string addressWithoutFault(const ProxyTarget& target) {
     const bool hasQuery = target.rest.find('?') != std::string::npos;
-    return target.server + target.rest + (hasQuery ? "&" : "?") + noFaultMark;
+    return target.server + target.rest + (hasQuery ? "&" : "?") + noFaultParameter;
 }
 
-bool takeNoFaultMark(ProxyTarget& target) {
+bool takeNoFaultParameter(ProxyTarget& target) {
     std::string& rest = target.rest;
-    const size_t mark = rest.size() < noFaultMark.size() + 1 ? 0 : rest.size() - noFaultMark.size();
-    if (mark == 0 || rest.compare(mark, noFaultMark.size(), noFaultMark) != 0 ||
-        (rest[mark - 1] != '?' && rest[mark - 1] != '&')) {
+    const size_t begin = rest.size() < noFaultParameter.size() + 1 ? 0 : rest.size() - noFaultParameter.size();
+    if (begin == 0 || rest.compare(begin, noFaultParameter.size(), noFaultParameter) != 0 ||
+        (rest[begin - 1] != '?' && rest[begin - 1] != '&')) {
         return false;
     }
-    rest.erase(mark - 1);
+    rest.erase(begin - 1);
     return true;
 }
 

@@ -23,11 +23,11 @@ std::optional<ProxyTarget> parseProxyTarget(const std::string& requestLine);
 /** @return what fault rules can match: the path, and the whole address without its query */
 std::vector<std::string> namesOf(const ProxyTarget& target);
 
-/** @return the target's address, marked so that the next request has no fault: for redirects */
+/** @return the target's address, with a parameter that keeps the next request free of faults */
 std::string addressWithoutFault(const ProxyTarget& target);
 
-/** Removes the mark of addressWithoutFault(). @return false when there was none */
-bool takeNoFaultMark(ProxyTarget& target);
+/** Removes the parameter that addressWithoutFault() has added. @return false when there was none */
+bool takeNoFaultParameter(ProxyTarget& target);
 
 } // namespace tv
 

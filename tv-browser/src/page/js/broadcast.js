@@ -45,28 +45,9 @@
     return config;
   }
 
-  objects.define('video/broadcast', function(element) {
-    var state = UNREALIZED;
-    var fullScreen = false;
-    var volume = 100;
-    var channelConfig = null;
-
-    function reportState(newState, error) {
-      state = newState;
-      objects.raise(element, model, 'PlayStateChange', ['state', 'error'], [newState, error]);
-    }
-
-    function reportChannelError(channel, error) {
-      objects.raise(element, model, 'ChannelChangeError', ['channel', 'errorState'], [channel, error]);
-    }
-
-    var model = {
-      get playState() { return state; },
-      set playState(ignored) {},
-      get fullScreen() { return fullScreen; },
-      set fullScreen(ignored) {},
-      get currentChannel() { return null; },
-      set currentChannel(ignored) {},
+  // The handlers of the page, and the members that do nothing on a receiver without a tuner.
+  function newInertMembers() {
+    return {
       programmes: objects.emptyCollection(),
       COMPONENT_TYPE_VIDEO: 0,
       COMPONENT_TYPE_AUDIO: 1,
@@ -81,54 +62,7 @@
       onDRMRightsError: null,
       onSelectedComponentChanged: null,
       onComponentChanged: null,
-      bindToCurrentChannel: function() {
-        reportState(UNREALIZED, NO_SIGNAL);
-        return null;
-      },
-      setChannel: function(channel) {
-        if (!channel) {
-          model.release();
-          objects.raise(element, model, 'ChannelChangeSucceeded', ['channel'], [null]);
-          return;
-        }
-        reportState(CONNECTING);
-        reportChannelError(channel, UNSUPPORTED_CHANNEL);
-        setTimeout(function() {
-          if (state === CONNECTING) {
-            reportState(UNREALIZED, UNSUPPORTED_CHANNEL);
-          }
-        }, 0);
-      },
-      nextChannel: function() { reportChannelError(null, NO_CHANNEL_LIST); },
-      prevChannel: function() { reportChannelError(null, NO_CHANNEL_LIST); },
       stop: function() {},
-      release: function() {
-        if (state !== UNREALIZED) {
-          reportState(UNREALIZED);
-        }
-      },
-      setFullScreen: function(on) {
-        if (fullScreen !== Boolean(on)) {
-          fullScreen = Boolean(on);
-          objects.raise(element, model, 'FullScreenChange', [], []);
-        }
-      },
-      setVolume: function(value) {
-        var valid = value >= 0 && value <= 100;
-        volume = valid ? Number(value) : volume;
-        return valid;
-      },
-      getVolume: function() { return volume; },
-      getChannelConfig: function() {
-        channelConfig = channelConfig || newChannelConfig();
-        return channelConfig;
-      },
-      createChannelObject: function(idType, first, second, third) {
-        if (idType === channelTypes.ID_DVB_SI_DIRECT) {
-          return newChannel(idType, {dsd: first, sid: second});
-        }
-        return newChannel(idType, {onid: first, tsid: second, sid: third});
-      },
       addStreamEventListener: function() {},
       removeStreamEventListener: function() {},
       getComponents: function() { return objects.emptyCollection(); },
@@ -136,6 +70,88 @@
       selectComponent: function() {},
       unselectComponent: function() {}
     };
+  }
+
+  // A member that script can read only: writing it changes nothing.
+  function defineReadOnly(model, name, read) {
+    Object.defineProperty(model, name, {configurable: true, enumerable: true, get: read, set: function() {}});
+  }
+
+  function addChannels(model, element) {
+    var state = UNREALIZED;
+    var channelConfig = null;
+
+    function reportState(newState, error) {
+      state = newState;
+      objects.raise(element, model, 'PlayStateChange', ['state', 'error'], [newState, error]);
+    }
+
+    function reportChannelError(channel, error) {
+      objects.raise(element, model, 'ChannelChangeError', ['channel', 'errorState'], [channel, error]);
+    }
+
+    defineReadOnly(model, 'playState', function() { return state; });
+    defineReadOnly(model, 'currentChannel', function() { return null; });
+    model.bindToCurrentChannel = function() {
+      reportState(UNREALIZED, NO_SIGNAL);
+      return null;
+    };
+    model.setChannel = function(channel) {
+      if (!channel) {
+        model.release();
+        objects.raise(element, model, 'ChannelChangeSucceeded', ['channel'], [null]);
+        return;
+      }
+      reportState(CONNECTING);
+      reportChannelError(channel, UNSUPPORTED_CHANNEL);
+      setTimeout(function() {
+        if (state === CONNECTING) {
+          reportState(UNREALIZED, UNSUPPORTED_CHANNEL);
+        }
+      }, 0);
+    };
+    model.nextChannel = function() { reportChannelError(null, NO_CHANNEL_LIST); };
+    model.prevChannel = function() { reportChannelError(null, NO_CHANNEL_LIST); };
+    model.release = function() {
+      if (state !== UNREALIZED) {
+        reportState(UNREALIZED);
+      }
+    };
+    model.getChannelConfig = function() {
+      channelConfig = channelConfig || newChannelConfig();
+      return channelConfig;
+    };
+    model.createChannelObject = function(idType, first, second, third) {
+      if (idType === channelTypes.ID_DVB_SI_DIRECT) {
+        return newChannel(idType, {dsd: first, sid: second});
+      }
+      return newChannel(idType, {onid: first, tsid: second, sid: third});
+    };
+  }
+
+  function addPresentation(model, element) {
+    var fullScreen = false;
+    var volume = 100;
+
+    defineReadOnly(model, 'fullScreen', function() { return fullScreen; });
+    model.setFullScreen = function(on) {
+      if (fullScreen !== Boolean(on)) {
+        fullScreen = Boolean(on);
+        objects.raise(element, model, 'FullScreenChange', [], []);
+      }
+    };
+    model.setVolume = function(value) {
+      var valid = value >= 0 && value <= 100;
+      volume = valid ? Number(value) : volume;
+      return valid;
+    };
+    model.getVolume = function() { return volume; };
+  }
+
+  objects.define('video/broadcast', function(element) {
+    var model = newInertMembers();
+    addChannels(model, element);
+    addPresentation(model, element);
     return model;
   });
 })
