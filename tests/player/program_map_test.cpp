@@ -1,4 +1,4 @@
-// Marks that broadcasters set and no encoder of ours does.
+// Descriptors that broadcasters set and no encoder of ours does.
 #include "tracks/ProgramMapReader.h"
 
 #include <dvbpsi/dvbpsi.h>
@@ -63,10 +63,10 @@ std::string stream() {
 
 } // namespace
 
-TEST(ProgramMap, TellsTheMarksOfItsStreams) {
+TEST(ProgramMap, GivesTheDescriptorsOfItsStreams) {
     for (const size_t part : {10'000U, 188U, 61U}) { // bytes that come at once
-        const auto marks = std::make_shared<media::TransportStreamInfo>();
-        media::ProgramMapReader reader(marks);
+        const auto info = std::make_shared<media::TransportStreamInfo>();
+        media::ProgramMapReader reader(info);
         const std::string all = "noise G" + stream();
         bool wantsMore = true;
         for (size_t i = 0; i < all.size(); i += part) {
@@ -76,11 +76,11 @@ TEST(ProgramMap, TellsTheMarksOfItsStreams) {
         EXPECT_FALSE(wantsMore);
         std::string read;
         for (const char* id : {"00000100", "00000101", "00000102", "00000103", "00001f04", "00000105", "0000101x"}) {
-            const media::StreamMarks found = marks->of(std::string("source:1/") + id);
+            const media::StreamDescriptors found = info->of(std::string("source:1/") + id);
             read += std::to_string(found.componentTag) + (found.audioDescription ? "+ " : " ");
         }
         EXPECT_EQ("7 255+ -1 -1 -1+ -1 -1 ", read) << part;
-        EXPECT_EQ(-1, marks->of("audio-English").componentTag);
+        EXPECT_EQ(-1, info->of("audio-English").componentTag);
     }
 }
 

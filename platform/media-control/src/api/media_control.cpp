@@ -114,7 +114,7 @@ MEDIA_EXPORT int Hbbtv_AL_MediaPlayerRemoveCallback(int player) {
     });
 }
 
-/** A desktop has decoders for everybody: there is nothing to be told of. */
+/** A desktop has decoders for every player: there is nothing to report. */
 MEDIA_EXPORT int Hbbtv_AL_MediaPlayerAddResourceCallback(void) {
     return 1;
 }

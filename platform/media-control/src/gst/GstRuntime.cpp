@@ -8,6 +8,8 @@
 namespace media {
 namespace {
 
+using Outcome = support::Result<void, std::string>;
+
 /**
  * An engine may register a source of its own for web addresses in this process, ranked before all others, which only
  * works inside the engine's own media element.
@@ -21,11 +23,12 @@ void preferOwnHttpSource() {
     }
 }
 
-std::string start() {
+Outcome start() {
     GError* reason = nullptr;
     if (!gst_init_check(nullptr, nullptr, &reason)) {
         const ErrorPtr error(reason);
-        return std::string("GStreamer does not start: ") + (error ? error->message : "no reason given");
+        return support::Failure{std::string("GStreamer does not start: ") +
+                                (error ? error->message : "no reason given")};
     }
     gst_pb_utils_init();
     preferOwnHttpSource();
@@ -40,10 +43,10 @@ std::string start() {
 
 } // namespace
 
-const std::string& prepareGstreamer() {
+const Outcome& prepareGstreamer() {
     // Never destroyed: a player's thread may still run while the process ends.
-    static const std::string& failure = *new std::string(start());
-    return failure;
+    static const Outcome& outcome = *new Outcome(start());
+    return outcome;
 }
 
 } // namespace media

@@ -2,16 +2,18 @@
 #ifndef MEDIA_CONTROL_GSTRUNTIME_H
 #define MEDIA_CONTROL_GSTRUNTIME_H
 
+#include "Result.h"
+
 #include <string>
 
 namespace media {
 
 /**
- * Starts GStreamer and loads what a usual film needs, so that the first film does not have to wait for it. Only the
+ * Starts GStreamer and loads what usual media need, so that the first media item does not have to wait for it. Only the
  * first call works (up to seconds when GStreamer has to list its plug-ins); others wait for it. Thread: a player's.
- * @return empty, or why there is no GStreamer
+ * @return for people: why there is no GStreamer
  */
-const std::string& prepareGstreamer();
+const support::Result<void, std::string>& prepareGstreamer();
 
 } // namespace media
 

@@ -53,7 +53,7 @@ MissingPlugin describeMissingPlugin(GstMessage* message) {
     if (detail && GST_VALUE_HOLDS_CAPS(detail)) {
         type = gst_structure_get_name(gst_caps_get_structure(gst_value_get_caps(detail), 0));
     }
-    // Subtitles and data beside the film are no reason not to show it.
+    // Subtitles and data beside video and audio are no reason not to play.
     const bool isNeeded = type.rfind("text/", 0) != 0 && type.rfind("subpicture/", 0) != 0 &&
                           type.rfind("application/x-subtitle", 0) != 0;
     const std::string what = std::string("no ") + description.get();

@@ -26,7 +26,7 @@ Code codeOfResourceError(int error) {
         return Code::BAD_CONNECTION;
     case GST_RESOURCE_ERROR_SEEK:
         return Code::POSITION_NOT_AVAILABLE;
-    case GST_RESOURCE_ERROR_FAILED: // these come from sound devices and from the buffer's file
+    case GST_RESOURCE_ERROR_FAILED: // these come from audio devices and from the buffer's file
     case GST_RESOURCE_ERROR_BUSY:
     case GST_RESOURCE_ERROR_OPEN_WRITE:
     case GST_RESOURCE_ERROR_OPEN_READ_WRITE:

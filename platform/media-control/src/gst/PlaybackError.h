@@ -20,13 +20,13 @@ enum class PlaybackErrorCode {
 
 struct PlaybackError {
     PlaybackErrorCode code;
-    std::string text;     /**< the cause, for people */
+    std::string cause;    /**< for people */
     bool isVague = false; /**< GStreamer only says that the connection failed, not how */
 };
 
 /**
- * @param message   an error message. Only a pipeline's first tells the cause; what follows are its consequences.
- * @param isSeeking whether another position was asked for
+ * @param message   an error message. Only a pipeline's first one names the cause; the others are its consequences.
+ * @param isSeeking true when the pipeline is on its way to another position
  */
 PlaybackError describeError(GstMessage* message, bool isSeeking);
 

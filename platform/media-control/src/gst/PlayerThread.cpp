@@ -9,12 +9,14 @@
 namespace media {
 namespace {
 
-std::mutex countMutex;
-std::condition_variable countChanged;
-int threadCount = 0;
+using support::Lock;
+
+support::Mutex countMutex;
+std::condition_variable_any countChanged;
+int threadCount GUARDED_BY(countMutex) = 0;
 
 void countThread(int change) {
-    const std::lock_guard<std::mutex> lock(countMutex);
+    const Lock lock(countMutex);
     threadCount += change;
     countChanged.notify_all();
 }
@@ -31,10 +33,10 @@ std::shared_ptr<PlayerThread> PlayerThread::start() {
     std::shared_ptr<PlayerThread> self(new PlayerThread);
     countThread(1);
     try {
-        // Detached: a player may be closed where waiting for its thread would be a dead-lock.
+        // Detached: a player may be closed in its own callback, where waiting for its thread would be a dead-lock.
         std::thread([keep = self]() mutable {
             keep->run();
-            keep.reset();
+            keep.reset(); // before the count: who waits for it ends the process
             countThread(-1);
         }).detach();
     } catch (...) {
@@ -45,13 +47,14 @@ std::shared_ptr<PlayerThread> PlayerThread::start() {
 }
 
 void PlayerThread::waitForAll(std::chrono::milliseconds limit) {
-    std::unique_lock<std::mutex> lock(countMutex);
-    countChanged.wait_for(lock, limit, [] { return threadCount == 0; });
+    const auto end = std::chrono::steady_clock::now() + limit;
+    const Lock lock(countMutex);
+    while (threadCount > 0 && countChanged.wait_until(countMutex, end) == std::cv_status::no_timeout) {}
 }
 
 void PlayerThread::post(std::function<void()> task) {
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const Lock lock(m_mutex);
         m_tasks.push_back(std::move(task));
     }
     g_main_context_wakeup(m_context);
@@ -77,7 +80,7 @@ void PlayerThread::run() {
 void PlayerThread::runTasks() {
     std::deque<std::function<void()>> tasks;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const Lock lock(m_mutex);
         tasks.swap(m_tasks);
     }
     for (const auto& task : tasks) {

@@ -1,19 +1,26 @@
-/** A player's own thread: runs tasks one after the other and the GLib sources of its pipelines between them. */
+/** A player's own thread. */
 #ifndef MEDIA_CONTROL_PLAYERTHREAD_H
 #define MEDIA_CONTROL_PLAYERTHREAD_H
+
+#include "GuardedMutex.h"
 
 #include <chrono>
 #include <deque>
 #include <functional>
 #include <glib.h>
 #include <memory>
-#include <mutex>
 
 namespace media {
 
+/**
+ * Runs tasks one after the other, and between them the GLib sources of the player's pipelines. Everything that touches
+ * a pipeline runs here, but for what GStreamer's streaming threads do: they must not wait for this thread, which may be
+ * waiting for them to end.
+ */
 class PlayerThread {
 public:
-    /** Starts a thread. It lives until quit(), whoever keeps the object. @throws std::system_error without threads */
+    /** Starts a thread. It lives until quit(), even when nobody keeps the object. @throws std::system_error without
+     * threads */
     static std::shared_ptr<PlayerThread> start();
 
     /** Waits until every player thread of the process has ended, at most that long. */
@@ -42,9 +49,11 @@ private:
     void runTasks();
 
     GMainContext* const m_context;
-    std::mutex m_mutex; // guards m_tasks
-    std::deque<std::function<void()>> m_tasks;
-    bool m_quit = false; // this one and m_holds: only on the thread
+    support::Mutex m_mutex;
+    std::deque<std::function<void()>> m_tasks GUARDED_BY(m_mutex);
+
+    // Only on the thread
+    bool m_quit = false;
     int m_holds = 0;
 };
 

@@ -1,11 +1,11 @@
 #include "http/HttpObserver.h"
 
+#include "GuardedMutex.h"
 #include "gst/GstPointer.h"
 #include "trace/MediaTrace.h"
 
 #include <algorithm>
 #include <libsoup/soup.h>
-#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -15,20 +15,21 @@ namespace {
 // Data of a message: the PlaybackId of the media that it was sent for.
 constexpr const char* PLAYBACK_OF_SOURCE = "media-control-playback-of-source";
 
-enum class Stage { Unknown, Resolving, Connecting, Securing, Asking, Answered };
+/** How far the connection for a media item's own address got. */
+enum class Stage { UNKNOWN, RESOLVING, CONNECTING, SECURING, REQUESTING, RESPONDING };
 
-struct Media {
+struct ObservedMedia {
     PlaybackId playback;
     PlayerThread* thread;
     int player;
     std::string url;
-    Stage stage;      // of the request for that address
-    std::string peer; // which it is sent to: host and port
+    Stage stage;
+    std::string peer; // host and port that the request for the address goes to
 };
 
 struct Registry {
-    std::mutex mutex; // guards all below
-    std::vector<Media> media;
+    support::Mutex mutex;
+    std::vector<ObservedMedia> media GUARDED_BY(mutex); // in the order of their starts
 };
 
 Registry& registry() {
@@ -52,6 +53,7 @@ std::string spelled(const std::string& url) {
     return text;
 }
 
+/** @return how many characters two addresses have in common from their beginning */
 size_t likeness(const std::string& a, const std::string& b) {
     const auto end = a.begin() + static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
     return static_cast<size_t>(std::mismatch(a.begin(), end, b.begin()).first - a.begin());
@@ -69,15 +71,15 @@ PlaybackId playbackOf(SoupMessage* message) {
     return static_cast<PlaybackId>(GPOINTER_TO_UINT(g_object_get_data(G_OBJECT(message), PLAYBACK_OF_SOURCE)));
 }
 
-/** @return the media that the message was sent for as its own; null for others. Needs the registry's lock. */
-Media* ownerOf(SoupMessage* message) {
-    std::vector<Media>& all = registry().media;
-    // A source's message stays the same one when the server sends it to another address.
+/** @return the media whose own address the message was sent for; null for playlists, segments and the like */
+ObservedMedia* ownerOf(SoupMessage* message) REQUIRES(registry().mutex) {
+    std::vector<ObservedMedia>& all = registry().media;
+    // By its first address: a source's message stays the same one when the server redirects it.
     const PlaybackId known = playbackOf(message);
     const bool isKnown = known != PlaybackId::NONE;
     const std::string url = isKnown ? std::string() : textOf(soup_message_get_uri(message));
-    // Of equals the last: it was started last.
-    const auto found = std::find_if(all.rbegin(), all.rend(), [known, isKnown, &url](const Media& media) {
+    // Of several with the same address, the one started last.
+    const auto found = std::find_if(all.rbegin(), all.rend(), [known, isKnown, &url](const ObservedMedia& media) {
         return isKnown ? media.playback == known : media.url == url;
     });
     if (found == all.rend()) {
@@ -87,7 +89,7 @@ Media* ownerOf(SoupMessage* message) {
     return &*found;
 }
 
-void traceLater(const Media& media, SoupMessage* message, const std::string& url) {
+void traceLater(const ObservedMedia& media, SoupMessage* message, const std::string& url) {
     const char* range = soup_message_headers_get_one(soup_message_get_request_headers(message), "Range");
     // Later: a command that waits for this thread may hold back all traces.
     media.thread->post([player = media.player, url, range = range ? std::optional<std::string>(range) : std::nullopt,
@@ -96,23 +98,24 @@ void traceLater(const Media& media, SoupMessage* message, const std::string& url
     });
 }
 
-/** Every answer of the process's HTTP library passes here, on the thread that has it. */
-gboolean onAnswer(GSignalInvocationHint*, guint, const GValue* values, gpointer) {
+/** The headers of a response are there. Called for each one of the process, on the thread that receives it. */
+gboolean onResponse(GSignalInvocationHint*, guint, const GValue* values, gpointer) {
     auto* message = static_cast<SoupMessage*>(g_value_get_object(values));
-    Registry& all = registry();
-    const std::lock_guard<std::mutex> lock(all.mutex);
-    if (Media* owner = ownerOf(message)) {
-        owner->stage = Stage::Answered;
+    const support::Lock lock(registry().mutex);
+    if (ObservedMedia* owner = ownerOf(message)) {
+        owner->stage = Stage::RESPONDING;
         return TRUE;
     }
     if (!isTraced() || playbackOf(message) != PlaybackId::NONE) {
-        return TRUE; // nobody looks, or it is of a media that is over
+        return TRUE; // nobody looks, or it belongs to media that is over
     }
     const std::string url = textOf(soup_message_get_uri(message));
-    const auto found = std::max_element(all.media.rbegin(), all.media.rend(), [&url](const Media& a, const Media& b) {
-        return likeness(a.url, url) < likeness(b.url, url);
-    });
-    if (found != all.media.rend()) {
+    std::vector<ObservedMedia>& all = registry().media;
+    const auto found =
+        std::max_element(all.rbegin(), all.rend(), [&url](const ObservedMedia& a, const ObservedMedia& b) {
+            return likeness(a.url, url) < likeness(b.url, url);
+        });
+    if (found != all.rend()) {
         traceLater(*found, message, url);
     }
     return TRUE;
@@ -121,22 +124,22 @@ gboolean onAnswer(GSignalInvocationHint*, guint, const GValue* values, gpointer)
 Stage stageAfter(GSocketClientEvent event) {
     switch (event) {
     case G_SOCKET_CLIENT_RESOLVING:
-        return Stage::Resolving;
+        return Stage::RESOLVING;
     case G_SOCKET_CLIENT_RESOLVED:
     case G_SOCKET_CLIENT_CONNECTING:
-        return Stage::Connecting;
+        return Stage::CONNECTING;
     case G_SOCKET_CLIENT_TLS_HANDSHAKING:
-        return Stage::Securing;
+        return Stage::SECURING;
     default:
-        return Stage::Asking;
+        return Stage::REQUESTING;
     }
 }
 
-/** As onAnswer, for each step of a connection. */
+/** As onResponse, for each step of a connection. */
 gboolean onStep(GSignalInvocationHint*, guint, const GValue* values, gpointer) {
     auto* message = static_cast<SoupMessage*>(g_value_get_object(values));
-    const std::lock_guard<std::mutex> lock(registry().mutex);
-    if (Media* owner = ownerOf(message)) {
+    const support::Lock lock(registry().mutex);
+    if (ObservedMedia* owner = ownerOf(message)) {
         GUri* uri = soup_message_get_uri(message);
         owner->stage = stageAfter(static_cast<GSocketClientEvent>(g_value_get_enum(values + 1)));
         owner->peer = std::string(g_uri_get_host(uri)) + ":" + std::to_string(g_uri_get_port(uri));
@@ -150,7 +153,7 @@ void listenOnce() {
         const auto listen = [](const char* signal, GSignalEmissionHook hook) {
             g_signal_add_emission_hook(g_signal_lookup(signal, SOUP_TYPE_MESSAGE), 0, hook, nullptr, nullptr);
         };
-        listen("got-headers", onAnswer);
+        listen("got-headers", onResponse);
         listen("network-event", onStep);
         return true;
     }();
@@ -162,35 +165,35 @@ void listenOnce() {
 HttpObserver::HttpObserver(PlayerThread& thread, int player, PlaybackId playback, const std::string& url)
     : m_playback(playback) {
     listenOnce();
-    const Media media = {playback, &thread, player, spelled(url), Stage::Unknown, {}};
-    const std::lock_guard<std::mutex> lock(registry().mutex);
+    const ObservedMedia media = {playback, &thread, player, spelled(url), Stage::UNKNOWN, {}};
+    const support::Lock lock(registry().mutex);
     registry().media.push_back(media);
 }
 
 HttpObserver::~HttpObserver() {
-    std::vector<Media>& media = registry().media;
-    const auto isOwn = [this](const Media& entry) { return entry.playback == m_playback; };
-    const std::lock_guard<std::mutex> lock(registry().mutex);
+    const auto isOwn = [this](const ObservedMedia& entry) { return entry.playback == m_playback; };
+    const support::Lock lock(registry().mutex);
+    std::vector<ObservedMedia>& media = registry().media;
     media.erase(std::remove_if(media.begin(), media.end(), isOwn), media.end());
 }
 
 std::string HttpObserver::failure() const {
-    const auto isOwn = [this](const Media& entry) { return entry.playback == m_playback; };
-    const std::lock_guard<std::mutex> lock(registry().mutex);
+    const auto isOwn = [this](const ObservedMedia& entry) { return entry.playback == m_playback; };
+    const support::Lock lock(registry().mutex);
     const auto own = std::find_if(registry().media.begin(), registry().media.end(), isOwn);
     const std::string& peer = own->peer;
     switch (own->stage) {
-    case Stage::Resolving:
+    case Stage::RESOLVING:
         return "no address is known for the host of " + peer + "; check its spelling and the network's name service";
-    case Stage::Connecting:
+    case Stage::CONNECTING:
         return "the connection is refused: no server answers at " + peer;
-    case Stage::Securing:
+    case Stage::SECURING:
         return "no secure connection to " + peer + ": its certificate is not trusted, or it does not speak TLS";
-    case Stage::Asking:
+    case Stage::REQUESTING:
         return "the server at " + peer + " closed the connection without an answer";
-    case Stage::Answered:
+    case Stage::RESPONDING:
         return "the connection to " + peer + " broke off";
-    case Stage::Unknown:
+    case Stage::UNKNOWN:
         break;
     }
     return {};

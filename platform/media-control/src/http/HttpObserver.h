@@ -1,4 +1,4 @@
-/** What GStreamer's HTTP library does for a media and GStreamer keeps to itself. */
+/** Observes the HTTP library for one playback. */
 #ifndef MEDIA_CONTROL_HTTPOBSERVER_H
 #define MEDIA_CONTROL_HTTPOBSERVER_H
 
@@ -10,10 +10,12 @@
 namespace media {
 
 /**
- * While it lives, the answers to a media's requests for playlists, segments and the like are told to the observer of
- * media_trace.h, and it is kept how far the connection for the media's own address got. The HTTP library does not know
- * the media: with several at once each answer is told of the media whose address begins most like the request's.
- * Answers to the media's own address are those of RequestTrace.h.
+ * Observes the HTTP library that GStreamer uses: traces the responses to the media's requests for playlists, segments
+ * and the like, and records how far the connection for the media's own address got, which GStreamer does not expose.
+ *
+ * The HTTP library does not know which media a message is for. A message for the address of a media item belongs to it
+ * for good; any other one is traced for the media item whose address begins most like the message's. RequestTrace.h
+ * traces the responses to the media's own address. Threads: any.
  */
 class HttpObserver {
 public:
@@ -27,8 +29,7 @@ public:
     HttpObserver(const HttpObserver&) = delete;
     HttpObserver& operator=(const HttpObserver&) = delete;
 
-    /** @return for people: what a failed connection for the media's own address failed in; empty when not known. Any
-     *          thread. */
+    /** @return for people: why the connection for the media's own address failed; empty when unknown */
     std::string failure() const;
 
 private:

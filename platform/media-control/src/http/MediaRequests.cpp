@@ -1,10 +1,10 @@
 #include "http/MediaRequests.h"
 
+#include "GuardedMutex.h"
 #include "gst/GstPointer.h"
 
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 
 namespace media {
 namespace {
@@ -13,12 +13,13 @@ constexpr const char* DEFAULT_USER_AGENT =
     "HbbTV/1.6.1 (; desktop; media-control; " MEDIA_CONTROL_VERSION "; ; avcontrol; )";
 
 struct Settings {
-    std::mutex mutex; // guards the two below
-    std::string userAgent = DEFAULT_USER_AGENT;
-    std::string baseUrl;
-    std::mutex cookieMutex; // guards the two below; held during the callback, so that setCookieSource waits for its end
-    MediaRequestsCookieCallback cookieCallback = nullptr;
-    void* cookieData = nullptr;
+    support::Mutex mutex;
+    std::string userAgent GUARDED_BY(mutex) = DEFAULT_USER_AGENT;
+    std::string baseUrl GUARDED_BY(mutex);
+
+    support::Mutex cookieMutex; // held during the callback, so that setCookieSource waits for its end
+    MediaRequestsCookieCallback cookieCallback GUARDED_BY(cookieMutex) = nullptr;
+    void* cookieData GUARDED_BY(cookieMutex) = nullptr;
 };
 
 Settings& settings() {
@@ -32,7 +33,7 @@ struct Free {
 };
 
 std::unique_ptr<char, Free> cookiesFor(const std::string& url) {
-    const std::lock_guard<std::mutex> lock(settings().cookieMutex);
+    const support::Lock lock(settings().cookieMutex);
     const MediaRequestsCookieCallback callback = settings().cookieCallback;
     return std::unique_ptr<char, Free>(callback ? callback(url.c_str(), settings().cookieData) : nullptr);
 }
@@ -45,7 +46,7 @@ bool hasProperty(GstElement* element, const char* name) {
 
 void prepareRequests(GstElement* source, const std::string& url, bool televisionUserAgent) {
     if (televisionUserAgent && hasProperty(source, "user-agent")) {
-        const std::lock_guard<std::mutex> lock(settings().mutex);
+        const support::Lock lock(settings().mutex);
         g_object_set(source, "user-agent", settings().userAgent.c_str(), nullptr);
     }
     if (hasProperty(source, "cookies")) {
@@ -60,7 +61,7 @@ void prepareRequests(GstElement* source, const std::string& url, bool television
 std::string absoluteUrl(const std::string& url) {
     std::string base;
     {
-        const std::lock_guard<std::mutex> lock(settings().mutex);
+        const support::Lock lock(settings().mutex);
         base = settings().baseUrl;
     }
     const TextPtr resolved(
@@ -69,18 +70,18 @@ std::string absoluteUrl(const std::string& url) {
 }
 
 void setTelevisionUserAgent(const std::string& userAgent) {
-    const std::lock_guard<std::mutex> lock(settings().mutex);
+    const support::Lock lock(settings().mutex);
     settings().userAgent = userAgent.empty() ? DEFAULT_USER_AGENT : userAgent;
 }
 
 void setCookieSource(MediaRequestsCookieCallback callback, void* userData) {
-    const std::lock_guard<std::mutex> lock(settings().cookieMutex);
+    const support::Lock lock(settings().cookieMutex);
     settings().cookieCallback = callback;
     settings().cookieData = userData;
 }
 
 void setBaseUrl(const std::string& url) {
-    const std::lock_guard<std::mutex> lock(settings().mutex);
+    const support::Lock lock(settings().mutex);
     settings().baseUrl = url;
 }
 

@@ -1,4 +1,4 @@
-/** The settings of media_requests.h, as the players need them. Threads: any. */
+/** What the players' HTTP requests carry. Threads: any. */
 #ifndef MEDIA_CONTROL_MEDIAREQUESTS_H
 #define MEDIA_CONTROL_MEDIAREQUESTS_H
 
@@ -19,8 +19,8 @@ void setCookieSource(MediaRequestsCookieCallback callback, void* userData);
 void setBaseUrl(const std::string& url);
 
 /**
- * Makes a GStreamer source send what the television sends: its user agent and the cookies of the address. A source that
- * is not for HTTP is left as it is.
+ * Makes a GStreamer source send what the television sends: its user agent and the cookies for the address. A source
+ * that is not for HTTP stays as it is.
  * @param televisionUserAgent false: GStreamer's own user agent
  */
 void prepareRequests(GstElement* source, const std::string& url, bool televisionUserAgent);

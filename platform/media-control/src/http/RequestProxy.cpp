@@ -1,5 +1,7 @@
 #include "http/RequestProxy.h"
 
+#include "GuardedMutex.h"
+
 #include <gio/gio.h>
 #include <mutex>
 
@@ -10,9 +12,9 @@ constexpr gint BEFORE_ALL_OTHERS = 1'000'000;
 constexpr const char* NAME = "media-control";
 
 struct Settings {
-    std::mutex mutex; // guards all below
-    std::string proxy;
-    std::string except;
+    support::Mutex mutex;
+    std::string proxy GUARDED_BY(mutex);
+    std::string except GUARDED_BY(mutex);
 };
 
 Settings& settings() {
@@ -21,7 +23,7 @@ Settings& settings() {
     return instance;
 }
 
-/** @return what would answer without this one; null when nothing is there */
+/** @return the resolver that GLib would use without this one; null when there is none */
 GProxyResolver* systemResolver() {
     static GProxyResolver* const resolver = []() -> GProxyResolver* {
         GIOExtensionPoint* point = g_io_extension_point_lookup(G_PROXY_RESOLVER_EXTENSION_POINT_NAME);
@@ -41,7 +43,7 @@ GProxyResolver* systemResolver() {
 }
 
 std::string ownProxyFor(const std::string& uri) {
-    const std::lock_guard<std::mutex> lock(settings().mutex);
+    const support::Lock lock(settings().mutex);
     const std::string straight = "http://" + settings().except;
     const bool isStraight = uri == straight || uri.rfind(straight + "/", 0) == 0;
     return uri.rfind("http://", 0) == 0 && !isStraight ? settings().proxy : std::string();
@@ -106,7 +108,7 @@ void registerResolver() {
 void setRequestProxy(const std::string& proxy, const std::string& except) {
     static std::once_flag once;
     std::call_once(once, registerResolver);
-    const std::lock_guard<std::mutex> lock(settings().mutex);
+    const support::Lock lock(settings().mutex);
     settings().proxy = proxy;
     settings().except = except;
 }

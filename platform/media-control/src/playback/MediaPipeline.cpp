@@ -65,9 +65,9 @@ bool MediaPipeline::build(const PlaybackContext& context, const PlaybackSettings
     m_audioSink.reset(GST_ELEMENT(gst_object_ref_sink(audioSink)));
     g_object_set(playbin, "uri", settings.url.c_str(), "video-sink", m_videoSink.element(), "audio-sink", audioSink,
                  "text-sink", textSink, nullptr);
-    const auto marks = std::make_shared<TransportStreamInfo>();
-    context.components.setMarks(settings.playback, marks);
-    setUpStreams(playbin, {settings.url, settings.televisionUserAgent, lastActivity, marks});
+    const auto transportInfo = std::make_shared<TransportStreamInfo>();
+    context.components.setTransportInfo(settings.playback, transportInfo);
+    setUpStreams(playbin, {settings.url, settings.televisionUserAgent, lastActivity, transportInfo});
     noteActivity(m_videoSink.element(), "sink", lastActivity);
     noteActivity(audioSink, "sink", lastActivity);
     return true;

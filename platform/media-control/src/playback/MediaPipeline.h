@@ -47,7 +47,7 @@ public:
     /** @return the duration when it was last read; 0 when unknown */
     int durationMs() const { return m_durationMs; }
 
-    /** Asks for the duration. @return it */
+    /** Reads the duration from the pipeline. @return it */
     int readDuration();
 
     bool isSeekable() const;

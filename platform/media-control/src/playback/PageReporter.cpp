@@ -29,7 +29,7 @@ void PageReporter::reportState(State state) {
         reportOnce(Reported::PLAYING, eMEDIA_CALLBACK_PLAYING);
         break;
     case State::BUFFERING:
-        if (m_state == Reported::PLAYING) { // else the page is told of something to wait for already
+        if (m_state == Reported::PLAYING) { // else the page waits already
             reportOnce(Reported::BUFFERING, eMEDIA_CALLBACK_BUFFERING);
         }
         break;
@@ -51,8 +51,8 @@ void PageReporter::reportSpeed(int speed) {
     m_expectedSpeed.reset();
 }
 
-void PageReporter::report(eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
-    m_status.report(m_playback, event, code, detail);
+void PageReporter::report(eMEDIA_CALLBACK_EVENT event, int code, const std::string& cause) {
+    m_status.report(m_playback, event, code, cause);
 }
 
 } // namespace media

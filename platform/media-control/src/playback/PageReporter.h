@@ -23,16 +23,16 @@ public:
     /** The page seeks: while it plays, it waits for PLAYING to come once more. */
     void onSeekCommand();
 
-    /** The page asks for a speed and expects it: only another one is to be reported. */
+    /** The page sets a speed and expects it: only another one is to be reported. */
     void onSpeedCommand(int speed);
 
     /** Reports the state unless the page has it already. */
     void reportState(State state);
 
-    /** Answers the last speed command, or reports a speed that the page did not ask for. */
+    /** Reports the speed unless it is the one that the page expects. */
     void reportSpeed(int speed);
 
-    void report(eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
+    void report(eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& cause = {});
 
     /** @return the speed that was last reported */
     int reportedSpeed() const { return m_reportedSpeed; }
@@ -46,7 +46,7 @@ private:
     const PlaybackId m_playback;
     Reported m_state = Reported::CONNECTING;
     int m_reportedSpeed;
-    std::optional<int> m_expectedSpeed; // asked for, and not answered yet
+    std::optional<int> m_expectedSpeed; // of the last command, until a speed is in force
 };
 
 } // namespace media

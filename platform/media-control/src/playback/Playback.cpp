@@ -124,7 +124,7 @@ void Playback::update() {
     }
     m_context.status.followPipeline(m_settings.playback, m_pipeline.element());
     m_seeks.setTarget(!isPaused() && m_bufferPercent >= 100 ? GST_STATE_PLAYING : GST_STATE_PAUSED);
-    // Before the reports: a page that gets one asks for the speed at once.
+    // Before the reports: a page that gets one reads the speed at once.
     m_context.status.setSpeed(m_settings.playback, isPaused() ? 0 : m_seeks.rate());
     if (m_seeks.takeCommandDone()) {
         m_reporter.report(eMEDIA_CALLBACK_POSITION_CHANGED);
@@ -212,7 +212,7 @@ void Playback::onError(GstMessage* message) {
     m_pipeline.setFailed();
     const PlaybackError error = describeError(message, m_seeks.isSeeking());
     const std::string cause = error.isVague ? m_httpObserver.failure() : std::string();
-    fail(error.code, cause.empty() ? error.text : cause);
+    fail(error.code, cause.empty() ? error.cause : cause);
 }
 
 /** The pipeline has its first frame, or the one after a seek, or is paused. */
@@ -283,7 +283,7 @@ void Playback::onEndOfStream() {
 }
 
 void Playback::readMedia() {
-    if (m_pipeline.hasPrerolled()) { // earlier answers are wrong
+    if (m_pipeline.hasPrerolled()) { // what it says earlier is wrong
         const int durationMs = m_pipeline.readDuration();
         m_context.status.setMedia(m_settings.playback, durationMs, m_pipeline.isSeekable());
     }

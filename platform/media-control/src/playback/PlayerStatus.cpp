@@ -23,19 +23,19 @@ bool isAvailable(GstElement* pipeline, int64_t ms) {
 } // namespace
 
 void PlayerStatus::setCallback(Hbbtv_AL_MediaPlayerCallback callback, void* userData) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_callback = callback;
     m_userData = userData;
 }
 
 void PlayerStatus::forgetMedia() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_position = -1;
     m_duration = -1;
 }
 
 PlaybackId PlayerStatus::startPlayback() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_phase = MEDIA_STATE_STARTED;
     m_pipeline.reset();
     m_position = 0;
@@ -49,7 +49,7 @@ PlaybackId PlayerStatus::startPlayback() {
 
 PlaybackId PlayerStatus::stopPlayback() {
     position(); // the last one stays
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (m_phase == MEDIA_STATE_STOPPED) {
         return PlaybackId::NONE;
     }
@@ -61,17 +61,17 @@ PlaybackId PlayerStatus::stopPlayback() {
 }
 
 bool PlayerStatus::isStopped() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_phase == MEDIA_STATE_STOPPED;
 }
 
 bool PlayerStatus::isRunning() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_phase == MEDIA_STATE_STARTED;
 }
 
 bool PlayerStatus::hasFinished() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_phase == MEDIA_STATE_FINISHED;
 }
 
@@ -79,7 +79,7 @@ bool PlayerStatus::canSeekTo(int ms) const {
     ElementPtr live;
     int64_t position = ms;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (m_phase != MEDIA_STATE_STARTED || !m_seekable) {
             return false;
         }
@@ -96,7 +96,7 @@ int64_t PlayerStatus::position() {
     ElementPtr pipeline;
     PlaybackId playback = PlaybackId::NONE;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (!m_pipeline) {
             return m_position;
         }
@@ -105,7 +105,7 @@ int64_t PlayerStatus::position() {
     }
     gint64 time = 0;
     const bool known = gst_element_query_position(pipeline.get(), GST_FORMAT_TIME, &time);
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (known && playback == m_playback && m_pipeline) {
         m_position = clamped(time / static_cast<gint64>(GST_MSECOND) - m_origin);
     }
@@ -113,33 +113,33 @@ int64_t PlayerStatus::position() {
 }
 
 int PlayerStatus::duration() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_duration;
 }
 
 int PlayerStatus::speed() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_speed;
 }
 
 MediaState PlayerStatus::read() {
     position(); // brings m_position up to date
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return {m_phase, m_speed, m_position, m_duration, m_bufferPercent};
 }
 
 PlaybackId PlayerStatus::playback() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_playback;
 }
 
 bool PlayerStatus::isCurrent(PlaybackId playback) const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return playback == m_playback;
 }
 
 void PlayerStatus::holdPosition(PlaybackId playback, int64_t ms) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_pipeline.reset();
         m_position = clamped(ms);
@@ -147,21 +147,21 @@ void PlayerStatus::holdPosition(PlaybackId playback, int64_t ms) {
 }
 
 void PlayerStatus::followPipeline(PlaybackId playback, GstElement* pipeline) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_pipeline = shareElement(pipeline);
     }
 }
 
 void PlayerStatus::setOrigin(PlaybackId playback, int64_t ms) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_origin = ms;
     }
 }
 
 void PlayerStatus::setMedia(PlaybackId playback, int durationMs, bool seekable) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_duration = durationMs;
         m_seekable = seekable;
@@ -169,26 +169,26 @@ void PlayerStatus::setMedia(PlaybackId playback, int durationMs, bool seekable) 
 }
 
 void PlayerStatus::setSpeed(PlaybackId playback, int speed) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_speed = speed;
     }
 }
 
 void PlayerStatus::setBufferLevel(PlaybackId playback, int percent) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_bufferPercent = percent;
     }
 }
 
 void PlayerStatus::failPlayback(PlaybackId playback) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     leave(playback, MEDIA_STATE_FAILED);
 }
 
 void PlayerStatus::finishPlayback(PlaybackId playback) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     leave(playback, MEDIA_STATE_FINISHED);
     if (playback == m_playback && m_duration > 0) {
         m_position = m_duration;
@@ -204,18 +204,18 @@ void PlayerStatus::leave(PlaybackId playback, MediaStatePhase phase) {
     }
 }
 
-void PlayerStatus::report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code, const std::string& detail) {
+void PlayerStatus::report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code, const std::string& cause) {
     Hbbtv_AL_MediaPlayerCallback callback = nullptr;
     void* userData = nullptr;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (playback != m_playback) {
             return;
         }
         callback = m_callback;
         userData = m_userData;
     }
-    traceReport(m_player, {event, code, detail.c_str()});
+    traceReport(m_player, {event, code, cause.c_str()});
     if (callback) {
         callback(static_cast<unsigned int>(m_player), event, code, nullptr, userData);
     }

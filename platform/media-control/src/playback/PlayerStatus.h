@@ -1,22 +1,23 @@
-/**
- * What a player knows without asking its thread, and the way of its reports to the callback.
- *
- * Each start begins a playback, Stop ends it. What comes late from a former playback is dropped here, so that nothing
- * of it is reported once Stop has returned.
- */
+/** The status of a player, and its reports to the callback. */
 #ifndef MEDIA_CONTROL_PLAYERSTATUS_H
 #define MEDIA_CONTROL_PLAYERSTATUS_H
 
+#include "GuardedMutex.h"
 #include "gst/GstPointer.h"
 #include "gst/PlaybackId.h"
 #include "media_state.h"
 
-#include <mutex>
 #include <optional>
 #include <string>
 
 namespace media {
 
+/**
+ * What a player knows without waiting for its thread, and the gate that its reports pass.
+ *
+ * Each start begins a playback, Stop ends it. What comes late from a former playback is dropped here, so that nothing
+ * of it is reported once Stop has returned.
+ */
 class PlayerStatus {
 public:
     explicit PlayerStatus(int player) : m_player(player) {}
@@ -53,20 +54,20 @@ public:
     int duration() const;
     int speed() const;
 
-    /** @return all that observers are told, of one moment */
+    /** @return everything that mediaStateRead() reports, of one moment */
     MediaState read();
 
     // For the present playback, which names itself; what another one says is ignored. Thread: the player's.
 
     bool isCurrent(PlaybackId playback) const;
 
-    /** Position is this until followPipeline: the media is not there yet. */
+    /** Reports `ms` as the position until followPipeline(): the media is not there yet. */
     void holdPosition(PlaybackId playback, int64_t ms);
 
-    /** Position is the pipeline's from now on. */
+    /** Reports the pipeline's position from now on. */
     void followPipeline(PlaybackId playback, GstElement* pipeline);
 
-    /** Position 0 is there in the pipeline's time. A playback starts with 0. */
+    /** Sets which time of the pipeline is position 0. A playback starts with 0. */
     void setOrigin(PlaybackId playback, int64_t ms);
 
     /** @param durationMs 0 when unknown */
@@ -83,26 +84,26 @@ public:
     /** @return the id of the present playback, or the one of its stop, or NONE */
     PlaybackId playback() const;
 
-    /** Calls the callback. @param detail for the trace only, may be empty */
-    void report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& detail = {});
+    /** Calls the callback. @param cause for the trace only, may be empty */
+    void report(PlaybackId playback, eMEDIA_CALLBACK_EVENT event, int code = 0, const std::string& cause = {});
 
 private:
-    void leave(PlaybackId playback, MediaStatePhase phase);
-    int64_t clamped(int64_t ms) const;
+    void leave(PlaybackId playback, MediaStatePhase phase) REQUIRES(m_mutex);
+    int64_t clamped(int64_t ms) const REQUIRES(m_mutex);
 
     const int m_player;
-    mutable std::mutex m_mutex; // guards all below; never held during a callback
-    Hbbtv_AL_MediaPlayerCallback m_callback = nullptr;
-    void* m_userData = nullptr;
-    MediaStatePhase m_phase = MEDIA_STATE_STOPPED;
-    PlaybackId m_playback = PlaybackId::NONE;
-    ElementPtr m_pipeline; // null while the position is held
-    int64_t m_position = -1;
-    int64_t m_origin = 0;
-    int m_duration = -1;
-    bool m_seekable = true;
-    int m_speed = 0;
-    int m_bufferPercent = 100;
+    mutable support::Mutex m_mutex; // never held during a callback, nor during a query of a pipeline
+    Hbbtv_AL_MediaPlayerCallback m_callback GUARDED_BY(m_mutex) = nullptr;
+    void* m_userData GUARDED_BY(m_mutex) = nullptr;
+    MediaStatePhase m_phase GUARDED_BY(m_mutex) = MEDIA_STATE_STOPPED;
+    PlaybackId m_playback GUARDED_BY(m_mutex) = PlaybackId::NONE;
+    ElementPtr m_pipeline GUARDED_BY(m_mutex); // null while the position is held
+    int64_t m_position GUARDED_BY(m_mutex) = -1;
+    int64_t m_origin GUARDED_BY(m_mutex) = 0;
+    int m_duration GUARDED_BY(m_mutex) = -1;
+    bool m_seekable GUARDED_BY(m_mutex) = true;
+    int m_speed GUARDED_BY(m_mutex) = 0;
+    int m_bufferPercent GUARDED_BY(m_mutex) = 100;
 };
 
 } // namespace media

@@ -29,7 +29,7 @@ namespace media {
 
 /**
  * Keeps what is requested until the pipeline is ready for it, and knows what the pipeline is doing. The owner passes
- * on what the pipeline's bus reports, and then asks for the next step: issueSeek(), else setTarget().
+ * on what the pipeline's bus reports, and then takes the next step: issueSeek(), else setTarget().
  *
  * Rates are whole numbers: 1 is normal speed, negative ones go backwards, 0 is never one. Thread: the player's.
  */

@@ -15,7 +15,7 @@ constexpr guint PLAY_FLAGS = 0x01 | 0x02 | 0x04 | 0x10;
 constexpr guint PLAY_FLAG_DOWNLOAD = 0x80;
 constexpr guint PLAY_FLAG_BUFFERING = 0x100;
 
-// The film starts when that much is there; the default waits for most of a short film.
+// Playing starts when that much is there; the default waits for most of a short file.
 constexpr guint START_BYTES = 200'000;
 
 GstPadProbeReturn onData(GstPad* /*pad*/, GstPadProbeInfo* /*info*/, gpointer data) {
@@ -29,7 +29,7 @@ void onSourceSetup(GstElement* /*playbin*/, GstElement* source, gpointer data) {
     noteActivity(source, "src", setup->lastActivity);
 }
 
-/** Only a film that is downloaded while it plays can be played backwards; GStreamer puts it into the user's cache. */
+/** Only a file that is downloaded while it plays can be played backwards; GStreamer puts it into the user's cache. */
 guint playFlags() {
     const char* cache = g_get_user_cache_dir();
     const bool canDownload = g_mkdir_with_parents(cache, 0700) == 0 && access(cache, W_OK) == 0;
@@ -57,9 +57,9 @@ GstPadProbeReturn onTransportData(GstPad* /*pad*/, GstPadProbeInfo* info, gpoint
     return wantsMore ? GST_PAD_PROBE_OK : GST_PAD_PROBE_REMOVE;
 }
 
-void readProgramMap(GstElement* demuxer, const std::shared_ptr<TransportStreamInfo>& marks) {
+void readProgramMap(GstElement* demuxer, const std::shared_ptr<TransportStreamInfo>& info) {
     const PadPtr pad(gst_element_get_static_pad(demuxer, "sink"));
-    gst_pad_add_probe(pad.get(), GST_PAD_PROBE_TYPE_BUFFER, &onTransportData, new ProgramMapReader(marks),
+    gst_pad_add_probe(pad.get(), GST_PAD_PROBE_TYPE_BUFFER, &onTransportData, new ProgramMapReader(info),
                       &deleteUserData<ProgramMapReader>);
 }
 
@@ -70,7 +70,7 @@ void onElementSetup(GstElement* /*playbin*/, GstElement* element, gpointer data)
         g_object_set(element, "max-size-bytes", START_BYTES, nullptr);
         g_signal_connect(element, "notify::temp-location", G_CALLBACK(&unlinkDownload), nullptr);
     } else if (kind == "tsdemux") {
-        readProgramMap(element, static_cast<const StreamSettings*>(data)->transportMarks);
+        readProgramMap(element, static_cast<const StreamSettings*>(data)->transportInfo);
     }
 }
 

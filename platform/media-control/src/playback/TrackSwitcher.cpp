@@ -114,7 +114,7 @@ void TrackSwitcher::showSelection() {
     m_context.videoOutput->setHidden(m_playback, m_hidden[AV_COMPONENT_TYPE_VIDEO]);
     g_object_set(m_pipeline.element(), "mute", m_hidden[AV_COMPONENT_TYPE_AUDIO] ? TRUE : FALSE, nullptr);
     const StreamSelection before = m_context.components.active();
-    // Before the reports: a page that gets one may ask for the active components at once.
+    // Before the reports: a page that gets one may read the active components at once.
     m_context.components.setActive(m_playback, active);
     if (!m_pipeline.hasPrerolled()) {
         return; // the media's own choice

@@ -7,17 +7,19 @@ namespace media {
 
 Player::Player(int handle)
     : m_status(handle), m_subtitles(std::make_shared<Subtitles>(handle)),
-      m_videoOutput(std::make_shared<VideoOutput>(handle)), m_thread(PlayerThread::start()) {
+      m_videoOutput(std::make_shared<VideoOutput>(handle)),
+      m_thread(PlayerThread::start()), m_context{*m_thread, m_status, m_components, m_videoOutput, m_subtitles},
+      m_subtitleLoader(m_context) {
     m_thread->post([] { prepareGstreamer(); });
 }
 
 void Player::useTelevisionUserAgent() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     m_televisionUserAgent = true;
 }
 
 bool Player::setSource(const std::string& url) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (url.empty()) {
         return false;
     }
@@ -32,7 +34,7 @@ bool Player::setSource(const std::string& url) {
 }
 
 bool Player::setWindow(int x, int y, int width, int height) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (width < 0 || height < 0) {
         return false;
     }
@@ -45,7 +47,7 @@ bool Player::setWindow(int x, int y, int width, int height) {
 }
 
 bool Player::play() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (m_status.isRunning()) {
         postToPlayback([](Playback& playback) { playback.resume(); });
         return true;
@@ -58,7 +60,7 @@ bool Player::play() {
 }
 
 bool Player::pause() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (!m_status.isStopped()) {
         postToPlayback([](Playback& playback) { playback.pause(); });
         return true;
@@ -71,7 +73,7 @@ bool Player::pause() {
 }
 
 bool Player::resume() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (m_status.isStopped()) {
         return false;
     }
@@ -80,13 +82,13 @@ bool Player::resume() {
 }
 
 bool Player::stop() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     stopPlayback();
     return true;
 }
 
 bool Player::seek(int ms) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (!m_status.canSeekTo(ms)) {
         return false;
     }
@@ -95,7 +97,7 @@ bool Player::seek(int ms) {
 }
 
 bool Player::setSpeed(int speed) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     if (!m_status.isRunning()) {
         return false;
     }
@@ -103,51 +105,14 @@ bool Player::setSpeed(int speed) {
     return true;
 }
 
-bool Player::select(AVComponentType type, int pid) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
-    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        return selectSubtitles(pid);
-    }
-    const std::string stream = m_components.streamOf(type, pid);
-    return !stream.empty() && postSelection(type, stream);
-}
-
-bool Player::selectDefault(AVComponentType type) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
-    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        const std::optional<int> pid = preferredSubtitles(listComponents(type));
-        return pid && selectSubtitles(pid);
-    }
-    const std::string stream = m_components.defaultStream(type);
-    return !stream.empty() && postSelection(type, stream);
-}
-
-bool Player::unselect(AVComponentType type, std::optional<int> pid) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
-    if (type == AV_COMPONENT_TYPE_SUBTITLE) {
-        const std::optional<int> shown = m_subtitles->selected();
-        return shown && (!pid || pid == shown) && selectSubtitles(std::nullopt);
-    }
-    const std::string active = m_components.active()[static_cast<size_t>(type)];
-    if (active.empty() || (pid && m_components.streamOf(type, *pid) != active)) {
-        return false;
-    }
-    return postSelection(type, {});
-}
-
-bool Player::postSelection(AVComponentType type, const std::string& stream) {
-    postToPlayback([type, stream](Playback& playback) { playback.select(type, stream); });
-    return true;
-}
-
 void Player::inject(eMEDIA_CALLBACK_EVENT event, int code) {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     post(
         [event, code](Player& player) { player.m_status.report(player.m_status.playback(), event, code, "injected"); });
 }
 
 void Player::close() {
-    const std::lock_guard<std::mutex> lock(m_commandMutex);
+    const support::Lock lock(m_commandMutex);
     m_status.setCallback(nullptr, nullptr);
     stopPlayback();
     m_thread->quit();
@@ -181,17 +146,16 @@ void Player::startPlayback(PlaybackSettings settings) {
     if (!m_status.isCurrent(settings.playback)) {
         return; // stopped before it began
     }
-    const std::string& failure = prepareGstreamer();
-    if (failure.empty()) {
-        startSubtitles(settings);
-        m_playback = std::make_unique<Playback>(
-            PlaybackContext{*m_thread, m_status, m_components, m_videoOutput, m_subtitles}, settings);
+    const auto& gstreamer = prepareGstreamer();
+    if (gstreamer) {
+        m_subtitleLoader.start(settings);
+        m_playback = std::make_unique<Playback>(m_context, settings);
         return;
     }
-    MEDIA_LOG_ERROR(failure);
+    MEDIA_LOG_ERROR(gstreamer.reason());
     m_status.failPlayback(settings.playback);
     m_status.report(settings.playback, eMEDIA_CALLBACK_ERROR,
-                    static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES), failure);
+                    static_cast<int>(PlaybackErrorCode::INSUFFICIENT_RESOURCES), gstreamer.reason());
 }
 
 void Player::endPlayback() {
@@ -209,7 +173,7 @@ void Player::stopPlayback() {
         return;
     }
     if (hasFinished) {
-        m_videoOutput->freeze(); // the last picture stays until another comes or a second stop
+        m_videoOutput->freeze(); // the last frame stays until another one or a second stop comes
     } else {
         m_videoOutput->clear();
     }
@@ -217,7 +181,7 @@ void Player::stopPlayback() {
     post([stopped](Player& player) {
         player.m_status.report(stopped, eMEDIA_CALLBACK_STOPPED);
         player.endPlayback();
-        player.m_subtitleReaders.clear();
+        player.m_subtitleLoader.stop();
     });
 }
 

@@ -1,24 +1,29 @@
-/** A player as the adaptation layer knows it: takes commands at once and leaves them to its own thread. */
+/** A player of the adaptation layer. */
 #ifndef MEDIA_CONTROL_PLAYER_H
 #define MEDIA_CONTROL_PLAYER_H
 
+#include "GuardedMutex.h"
 #include "gst/PlayerThread.h"
 #include "playback/Playback.h"
+#include "playback/PlaybackContext.h"
 #include "playback/PlayerStatus.h"
+#include "player/SubtitleLoader.h"
 #include "sinks/VideoOutput.h"
-#include "subtitles/SubtitleReader.h"
 #include "subtitles/Subtitles.h"
 #include "tracks/Components.h"
 
 #include <functional>
 #include <memory>
-#include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace media {
 
-/** Commands may come on any thread; each returns at once, false when it is refused. */
+/**
+ * Takes the commands of the adaptation layer, on any thread. A command returns at once, false when it is refused; what
+ * takes time is left to the player's own thread, in the order of the commands.
+ */
 class Player : public std::enable_shared_from_this<Player> {
 public:
     /** @throws std::system_error when there is no thread to be had */
@@ -46,7 +51,7 @@ public:
     /** As mediaInjectReport. */
     void inject(eMEDIA_CALLBACK_EVENT event, int code);
 
-    /** Ends everything; the object takes no commands after it. */
+    /** Ends everything; later commands do nothing. */
     void close();
 
     PlayerStatus& status() { return m_status; }
@@ -57,33 +62,35 @@ public:
     std::vector<Hbbtv_AL_ComponentInfo> listComponents(AVComponentType type) const;
 
 private:
-    void post(std::function<void(Player&)> task);
-    void postToPlayback(std::function<void(Playback&)> command);
-    void start(bool paused);
+    // Parts of commands
+    void post(std::function<void(Player&)> task) REQUIRES(m_commandMutex);
+    void postToPlayback(std::function<void(Playback&)> command) REQUIRES(m_commandMutex);
+    bool postSelection(AVComponentType type, const std::string& stream) REQUIRES(m_commandMutex);
+    void start(bool paused) REQUIRES(m_commandMutex);
+    void stopPlayback() REQUIRES(m_commandMutex);
+    bool selectSubtitles(std::optional<int> pid) REQUIRES(m_commandMutex);
+
+    // On the player's thread
     void startPlayback(PlaybackSettings settings);
     void endPlayback();
-    void stopPlayback();
-    bool postSelection(AVComponentType type, const std::string& stream);
-
-    // PlayerSubtitles.cpp; the last three on the player's thread
-    bool selectSubtitles(std::optional<int> pid);
-    void startSubtitles(const PlaybackSettings& settings);
-    void readSubtitles();
-    void tellSubtitlesSelected();
 
     PlayerStatus m_status;
     Components m_components;
     const std::shared_ptr<Subtitles> m_subtitles;
     const std::shared_ptr<VideoOutput> m_videoOutput;
     const std::shared_ptr<PlayerThread> m_thread;
-    std::mutex m_commandMutex; // guards all below but the last three, and the order of commands
-    std::string m_source;
-    bool m_televisionUserAgent = false;
-    bool m_closed = false;
-    std::unique_ptr<Playback> m_playback; // this one and those below: only on the player's thread
-    int m_reportedSpeed = 1;
-    PlaybackSettings m_subtitleSettings = {}; // of the playback that the readers belong to
-    std::vector<std::unique_ptr<SubtitleReader>> m_subtitleReaders;
+    const PlaybackContext m_context; // of the five above
+
+    // Held by each command until it has posted what is left to do, so that their order is that of the posts.
+    support::Mutex m_commandMutex;
+    std::string m_source GUARDED_BY(m_commandMutex);
+    bool m_televisionUserAgent GUARDED_BY(m_commandMutex) = false;
+    bool m_closed GUARDED_BY(m_commandMutex) = false;
+
+    // Only on the player's thread
+    std::unique_ptr<Playback> m_playback;
+    int m_reportedSpeed = 1; // by the former playback
+    SubtitleLoader m_subtitleLoader;
 };
 
 } // namespace media

@@ -12,7 +12,7 @@ PlayerRegistry& PlayerRegistry::instance() {
     return registry;
 }
 
-/** The process ends: pipelines that run on while its libraries are taken down would crash it. */
+/** The process ends: a pipeline that plays on while libraries are taken down would crash it. */
 PlayerRegistry::~PlayerRegistry() {
     for (const auto& [handle, player] : m_players) {
         player->close();
@@ -22,7 +22,7 @@ PlayerRegistry::~PlayerRegistry() {
 }
 
 int PlayerRegistry::open() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     const int handle = m_nextHandle;
     m_players.emplace(handle, std::make_shared<Player>(handle));
     ++m_nextHandle;
@@ -32,7 +32,7 @@ int PlayerRegistry::open() {
 bool PlayerRegistry::close(int handle) {
     std::shared_ptr<Player> player;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         const auto found = m_players.find(handle);
         if (found == m_players.end()) {
             return false;
@@ -45,13 +45,13 @@ bool PlayerRegistry::close(int handle) {
 }
 
 std::shared_ptr<Player> PlayerRegistry::find(int handle) const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     const auto found = m_players.find(handle);
     return found == m_players.end() ? nullptr : found->second;
 }
 
 std::vector<std::shared_ptr<Player>> PlayerRegistry::all() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     std::vector<std::shared_ptr<Player>> players;
     for (const auto& [handle, player] : m_players) {
         players.push_back(player);

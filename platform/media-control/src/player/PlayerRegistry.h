@@ -1,17 +1,17 @@
-/** The players that are open, by handle. */
+/** The players of the process. */
 #ifndef MEDIA_CONTROL_PLAYERREGISTRY_H
 #define MEDIA_CONTROL_PLAYERREGISTRY_H
 
+#include "GuardedMutex.h"
 #include "player/Player.h"
 
 #include <map>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 namespace media {
 
-/** Threads: any. */
+/** The players that are open, by handle. Threads: any. */
 class PlayerRegistry {
 public:
     static PlayerRegistry& instance();
@@ -32,9 +32,9 @@ private:
     PlayerRegistry() = default;
     ~PlayerRegistry();
 
-    mutable std::mutex m_mutex; // guards all below
-    std::map<int, std::shared_ptr<Player>> m_players;
-    int m_nextHandle = 0; // only counts up, so that a late user of an old handle meets no new player
+    mutable support::Mutex m_mutex;
+    std::map<int, std::shared_ptr<Player>> m_players GUARDED_BY(m_mutex);
+    int m_nextHandle GUARDED_BY(m_mutex) = 0; // never reused, so a late user of an old handle meets no new player
 };
 
 } // namespace media

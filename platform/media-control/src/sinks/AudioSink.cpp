@@ -1,5 +1,6 @@
 #include "sinks/AudioSink.h"
 
+#include "Result.h"
 #include "gst/GstPointer.h"
 #include "trace/MediaLog.h"
 
@@ -9,16 +10,16 @@
 namespace media {
 namespace {
 
-// Without sync the position would run ahead of the picture.
+// Without sync the position would run ahead of the video.
 constexpr const char* SILENCE = "fakesink sync=true";
 
-// Not by the sound server's clock: after a pause or a seek that may stand for a second, and the picture with it.
+// Not by the sound server's clock: after a pause or a seek it may stand still for a second, and the video with it.
 constexpr const char* SOUND_SERVER = "pulsesink provide-clock=false";
 
 constexpr const char* OVERRIDE_VARIABLE = "AVCONTROL_AUDIO_SINK";
 
-/** @return a floating element, or null with the reason in `problem` */
-GstElement* makeSink(const std::string& description, std::string& problem) {
+/** @return a floating element, or why GStreamer cannot make it */
+support::Result<GstElement*, std::string> makeSink(const std::string& description) {
     GError* reason = nullptr;
     GstElement* sink = gst_parse_bin_from_description_full(
         description.c_str(), TRUE, nullptr,
@@ -26,8 +27,8 @@ GstElement* makeSink(const std::string& description, std::string& problem) {
                                    GST_PARSE_FLAG_PLACE_IN_BIN),
         &reason);
     const ErrorPtr error(reason);
-    if (error) {
-        problem = error->message;
+    if (!sink) {
+        return support::Failure{std::string(error ? error->message : "no reason given")};
     }
     return sink;
 }
@@ -47,14 +48,13 @@ bool soundServerAnswers() {
 std::string chooseSink() {
     const char* wanted = std::getenv(OVERRIDE_VARIABLE);
     if (wanted && *wanted) {
-        std::string problem;
-        GstElement* sink = makeSink(wanted, problem);
+        const auto sink = makeSink(wanted);
         if (sink) {
-            gst_object_unref(gst_object_ref_sink(sink));
+            gst_object_unref(gst_object_ref_sink(*sink));
             return wanted;
         }
         MEDIA_LOG_ERROR(std::string(OVERRIDE_VARIABLE) + " is \"" + wanted + "\", which GStreamer cannot make: " +
-                        problem + ". It is ignored; describe a sink, for example \"alsasink device=hw:0\".");
+                        sink.reason() + ". It is ignored; describe a sink, for example \"alsasink device=hw:0\".");
     }
     return soundServerAnswers() ? SOUND_SERVER : SILENCE;
 }
@@ -64,9 +64,11 @@ std::string chooseSink() {
 GstElement* makeAudioSink() {
     // Never destroyed: a player's thread may still run while the process ends.
     static const std::string& description = *new std::string(chooseSink());
-    std::string problem;
-    GstElement* sink = makeSink(description, problem);
-    return sink ? sink : makeSink(SILENCE, problem);
+    auto sink = makeSink(description);
+    if (!sink) {
+        sink = makeSink(SILENCE);
+    }
+    return sink ? *sink : nullptr;
 }
 
 } // namespace media

@@ -1,4 +1,4 @@
-/** The way of a media's own subtitles out of its pipeline, into the player's Subtitles. */
+/** The way of the media's own subtitles out of the pipeline, into the player's Subtitles. */
 #ifndef MEDIA_CONTROL_TEXTSINK_H
 #define MEDIA_CONTROL_TEXTSINK_H
 
@@ -9,8 +9,8 @@
 namespace media {
 
 /**
- * @param subtitles gets the cues, marked with `playback`, as soon as they are known, which is before they show
- * @return a new element, or null when GStreamer lacks it
+ * @param subtitles gets the playback's cues as soon as they are known, which is before they show
+ * @return a floating element, or null when GStreamer lacks it
  */
 GstElement* makeTextSink(const std::shared_ptr<Subtitles>& subtitles, PlaybackId playback);
 

@@ -7,13 +7,13 @@
 namespace media {
 namespace {
 
-std::mutex observerMutex; // guards the two below; held during the call, so that setVideoObserver waits for its end
-MediaPictureCallback observer = nullptr;
-void* observerData = nullptr;
+support::Mutex observerMutex; // held during the call, so that setVideoObserver waits for its end
+MediaPictureCallback observer GUARDED_BY(observerMutex) = nullptr;
+void* observerData GUARDED_BY(observerMutex) = nullptr;
 
-/** Not under VideoOutput's mutex: the observer may ask for the window or the frame at once. */
+/** Not under VideoOutput's mutex: the observer may request the window or the frame at once. */
 void notify(int player) {
-    const std::lock_guard<std::mutex> lock(observerMutex);
+    const support::Lock lock(observerMutex);
     if (observer) {
         observer(player, observerData);
     }
@@ -22,7 +22,7 @@ void notify(int player) {
 } // namespace
 
 void setVideoObserver(MediaPictureCallback callback, void* userData) {
-    const std::lock_guard<std::mutex> lock(observerMutex);
+    const support::Lock lock(observerMutex);
     observer = callback;
     observerData = userData;
 }
@@ -30,14 +30,14 @@ void setVideoObserver(MediaPictureCallback callback, void* userData) {
 VideoOutput::VideoOutput(int player) : m_player(player), m_window{player, 0, 0, 0, 0} {}
 
 void VideoOutput::open(PlaybackId playback) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_playback = playback;
     m_origin = 0;
     m_hidden = false;
 }
 
 void VideoOutput::setOrigin(PlaybackId playback, int64_t ms) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_origin = ms;
     }
@@ -45,7 +45,7 @@ void VideoOutput::setOrigin(PlaybackId playback, int64_t ms) {
 
 void VideoOutput::setHidden(PlaybackId playback, bool hidden) {
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (playback != m_playback || hidden == m_hidden) {
             return;
         }
@@ -57,7 +57,7 @@ void VideoOutput::setHidden(PlaybackId playback, bool hidden) {
 void VideoOutput::clear() {
     SamplePtr former; // freed after the mutex is
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         m_playback = PlaybackId::NONE;
         former = std::move(m_frame);
     }
@@ -67,13 +67,13 @@ void VideoOutput::clear() {
 }
 
 void VideoOutput::freeze() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_playback = PlaybackId::NONE;
 }
 
 void VideoOutput::present(PlaybackId playback, SamplePtr frame) {
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (playback != m_playback) {
             return;
         }
@@ -85,7 +85,7 @@ void VideoOutput::present(PlaybackId playback, SamplePtr frame) {
 
 void VideoOutput::setWindow(int x, int y, int width, int height) {
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (m_window.x == x && m_window.y == y && m_window.width == width && m_window.height == height) {
             return;
         }
@@ -95,12 +95,12 @@ void VideoOutput::setWindow(int x, int y, int width, int height) {
 }
 
 MediaPictureWindow VideoOutput::window() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_window;
 }
 
 bool VideoOutput::isVisible() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_frame && !m_hidden && m_window.width > 0 && m_window.height > 0;
 }
 
@@ -113,7 +113,7 @@ bool VideoOutput::acquire(MediaPicture& frame) const {
     uint64_t serial = 0;
     int64_t origin = 0;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (!m_frame || m_hidden) {
             return false;
         }

@@ -2,11 +2,10 @@
 #ifndef MEDIA_CONTROL_VIDEOOUTPUT_H
 #define MEDIA_CONTROL_VIDEOOUTPUT_H
 
+#include "GuardedMutex.h"
 #include "gst/GstPointer.h"
 #include "gst/PlaybackId.h"
 #include "media_picture.h"
-
-#include <mutex>
 
 namespace media {
 
@@ -56,13 +55,13 @@ public:
 
 private:
     const int m_player;
-    mutable std::mutex m_mutex; // guards all below
-    PlaybackId m_playback = PlaybackId::NONE;
-    SamplePtr m_frame;
-    uint64_t m_serial = 0;
-    int64_t m_origin = 0;
-    bool m_hidden = false;
-    MediaPictureWindow m_window;
+    mutable support::Mutex m_mutex;
+    PlaybackId m_playback GUARDED_BY(m_mutex) = PlaybackId::NONE; // whose frames are shown
+    SamplePtr m_frame GUARDED_BY(m_mutex);
+    uint64_t m_serial GUARDED_BY(m_mutex) = 0;
+    int64_t m_origin GUARDED_BY(m_mutex) = 0;
+    bool m_hidden GUARDED_BY(m_mutex) = false;
+    MediaPictureWindow m_window GUARDED_BY(m_mutex);
 };
 
 } // namespace media

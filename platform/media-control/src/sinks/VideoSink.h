@@ -1,4 +1,4 @@
-/** The way of decoded frames out of the pipeline: scaled to the window, as BGRx, into a VideoOutput. */
+/** The way of decoded frames out of the pipeline, into a VideoOutput. */
 #ifndef MEDIA_CONTROL_VIDEOSINK_H
 #define MEDIA_CONTROL_VIDEOSINK_H
 
@@ -9,15 +9,16 @@
 
 namespace media {
 
+/** Elements that scale frames to the window and convert them to BGRx. Thread: the player's. */
 class VideoSink {
 public:
-    /** Builds the elements; `output` gets the frames, marked with `playback`. */
+    /** @param output gets the playback's frames */
     VideoSink(const std::shared_ptr<VideoOutput>& output, PlaybackId playback);
 
-    /** The element to put into the pipeline, or null when a GStreamer element is missing. */
+    /** @return the element to put into the pipeline, or null when a GStreamer element is missing */
     GstElement* element() const { return m_bin.get(); }
 
-    /** The bin's element that gets the frames. */
+    /** @return the element in it that gets the frames */
     GstElement* sink() const { return m_sink; }
 
     /** Scales the frames that come from now on to the output's window. */
@@ -26,7 +27,7 @@ public:
 private:
     const std::shared_ptr<VideoOutput> m_output;
     ElementPtr m_bin;
-    GstElement* m_filter = nullptr; // this one and m_sink are the bin's
+    GstElement* m_filter = nullptr; // the bin owns this one and m_sink
     GstElement* m_sink = nullptr;
 };
 

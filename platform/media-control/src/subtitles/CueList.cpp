@@ -7,10 +7,10 @@
 namespace media {
 namespace {
 
-// A live stream brings cues for ever, and the oldest are over; no film has that many.
+// A live stream brings cues for ever, and the oldest are over. A long film has far fewer.
 constexpr size_t MOST_CUES = 10'000;
 
-// For formats that tell only when a text begins.
+// For formats that state only when a text begins.
 constexpr int64_t DEFAULT_DURATION_MS = 5000;
 
 } // namespace
@@ -21,7 +21,7 @@ void CueList::add(GstSample* sample) {
     if (!buffer || !caps || !gst_structure_has_name(gst_caps_get_structure(caps, 0), "text/x-raw")) {
         return;
     }
-    // In full: after a seek, a cue may have begun before the place that was sought.
+    // In full: after a seek, a cue may have begun before the position that was sought.
     guint64 start = 0;
     const int sign = gst_segment_to_stream_time_full(gst_sample_get_segment(sample), GST_FORMAT_TIME,
                                                      GST_BUFFER_PTS(buffer), &start);

@@ -17,6 +17,7 @@ struct Cue {
     std::string text; /**< as mediaSubtitlesAt hands it out */
 };
 
+/** Cues in the order in which they came; the oldest go when there are too many. */
 class CueList {
 public:
     /** Adds what a GStreamer sink of a text stream got. A cue that comes again, as after a seek, is dropped. */

@@ -46,8 +46,8 @@ std::string escaped(std::string_view text) {
     return result.get();
 }
 
-/** The marks of a cue that are open at a place. */
-class Marks {
+/** The tags of a cue that are open at one point of its text. */
+class OpenTags {
 public:
     /** @param tag what stands between < and >: "b", "/b", "c.yellow", "v Roger" @return what to write for it */
     std::string apply(std::string_view tag) {
@@ -63,22 +63,22 @@ public:
             m_open.push_back(name.front());
             return {'<', name.front(), '>'};
         }
-        for (const char mark : m_open) {
-            if (mark == name.front()) {
-                return closeUpTo(mark);
+        for (const char open : m_open) {
+            if (open == name.front()) {
+                return closeUpTo(open);
             }
         }
         return {};
     }
 
-    /** @return the ends of all marks, up to and with this one; of all for 0 */
-    std::string closeUpTo(char mark) {
+    /** @return the end tags of those that are open, from the last one up to and with `tag`; of all for 0 */
+    std::string closeUpTo(char tag) {
         std::string result;
         while (!m_open.empty()) {
             const char last = m_open.back();
             m_open.pop_back();
             result += {'<', '/', last, '>'};
-            if (last == mark) {
+            if (last == tag) {
                 break;
             }
         }
@@ -91,7 +91,7 @@ private:
 
 std::string fromMarkup(std::string_view text) {
     std::string result;
-    Marks marks;
+    OpenTags tags;
     while (!text.empty()) {
         const size_t start = text.find('<');
         const size_t end = start == std::string_view::npos ? start : text.find('>', start);
@@ -100,17 +100,17 @@ std::string fromMarkup(std::string_view text) {
         if (end == std::string_view::npos) {
             break;
         }
-        result += marks.apply(text.substr(start + 1, end - start - 1));
+        result += tags.apply(text.substr(start + 1, end - start - 1));
         text.remove_prefix(end + 1);
     }
-    return result + marks.closeUpTo(0);
+    return result + tags.closeUpTo(0);
 }
 
 bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-/** Runs of one paragraph keep the space between them; where there is none, a paragraph has ended. */
+/** Blocks of one paragraph keep the space between them; where there is none, a paragraph has ended. */
 std::string fromBlocks(GstBuffer* buffer) {
     std::string result;
     for (guint i = 0; i < gst_buffer_n_memory(buffer); ++i) {
@@ -120,12 +120,12 @@ std::string fromBlocks(GstBuffer* buffer) {
             continue;
         }
         const char* data = reinterpret_cast<const char*>(map.data);
-        const std::string_view run(data, strnlen(data, map.size));
-        if (!run.empty()) {
-            if (!result.empty() && !isSpace(result.back()) && !isSpace(run.front())) {
+        const std::string_view block(data, strnlen(data, map.size));
+        if (!block.empty()) {
+            if (!result.empty() && !isSpace(result.back()) && !isSpace(block.front())) {
                 result += '\n';
             }
-            result += run;
+            result += block;
         }
         gst_memory_unmap(memory, &map);
     }

@@ -9,9 +9,9 @@ namespace media {
 
 /** What a parser's buffers hold. */
 enum class CueFormat {
-    MARKUP, /**< text/x-raw of subparse: the file's own marks, all else escaped */
+    MARKUP, /**< text/x-raw of subparse: the file's own tags, all else escaped */
     PLAIN,  /**< text/x-raw, format=utf8 */
-    BLOCKS  /**< of ttmlparse: plain text, a memory for each run of one style */
+    BLOCKS  /**< of ttmlparse: plain text, one memory for each stretch of one style */
 };
 
 /** @param caps of a text stream, text/x-raw */

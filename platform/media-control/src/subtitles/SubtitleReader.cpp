@@ -1,5 +1,6 @@
 #include "subtitles/SubtitleReader.h"
 
+#include "GuardedMutex.h"
 #include "gst/AppSink.h"
 #include "gst/EventSource.h"
 #include "gst/PlaybackError.h"
@@ -8,7 +9,6 @@
 
 #include <gst/app/gstappsrc.h>
 #include <initializer_list>
-#include <mutex>
 #include <utility>
 
 namespace media {
@@ -42,7 +42,7 @@ class SubtitleReader::Content {
 public:
     /** Adds bytes of the file. @return GST_FLOW_EOS when there are too many */
     GstFlowReturn addBytes(GstSample* sample) {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         GstBuffer* buffer = gst_sample_get_buffer(sample);
         GstMapInfo map;
         if (buffer && gst_buffer_map(buffer, &map, GST_MAP_READ)) {
@@ -53,14 +53,14 @@ public:
     }
 
     GstFlowReturn addCue(GstSample* sample) {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         m_cues.add(sample);
         return GST_FLOW_OK;
     }
 
     /** @return the file as it was fetched, or why it is of no use */
     support::Result<std::string, std::string> file() const {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (m_bytes.size() > MOST_BYTES) {
             return Failure{"it has more than " + std::to_string(MOST_BYTES) + " bytes"};
         }
@@ -72,7 +72,7 @@ public:
 
     /** Hands the parsed file over, or says why it is of no use. */
     Outcome take() {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         if (m_cues.empty()) {
             return Failure{std::string("it holds no text that shows at any time")};
         }
@@ -80,9 +80,9 @@ public:
     }
 
 private:
-    mutable std::mutex m_mutex; // guards all below
-    std::string m_bytes;
-    CueList m_cues;
+    mutable support::Mutex m_mutex;
+    std::string m_bytes GUARDED_BY(m_mutex);
+    CueList m_cues GUARDED_BY(m_mutex);
 };
 
 SubtitleReader::SubtitleReader(PlayerThread& thread, const std::string& url, bool televisionUserAgent, Done done)
@@ -129,7 +129,7 @@ void SubtitleReader::parse() {
         fail("GStreamer's " + parser + " is missing; run scripts/install-packages");
         return;
     }
-    // subparse tells the formats of text apart by itself, but a short file only when it is told that it is text.
+    // subparse tells the formats of text apart by itself, but takes a short file for text only when its caps say so.
     const CapsPtr caps(gst_caps_new_empty_simple(isXml ? "application/ttml+xml" : "application/x-subtitle"));
     g_object_set(source, "caps", caps.get(), nullptr);
     gst_app_src_push_buffer(GST_APP_SRC(source), gst_buffer_new_memdup(bytes.data(), static_cast<gsize>(bytes.size())));
@@ -159,7 +159,7 @@ void SubtitleReader::fail(const std::string& cause) {
 
 void SubtitleReader::onMessage(GstMessage* message) {
     if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR) {
-        fail(describeError(message, false).text);
+        fail(describeError(message, false).cause);
     } else if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS) {
         onEndOfStream();
     }

@@ -10,7 +10,7 @@
 namespace media {
 namespace {
 
-/** The record does not tell captions from subtitles, but a label may, by the two abbreviations in use. */
+/** No field says that subtitles are for the hard of hearing, but a label may, by the two abbreviations in use. */
 bool isForHardOfHearing(std::string label) {
     std::transform(label.begin(), label.end(), label.begin(), [](unsigned char c) { return std::toupper(c); });
     for (size_t start = 0; start < label.size();) {
@@ -29,7 +29,7 @@ bool isForHardOfHearing(std::string label) {
 } // namespace
 
 void Subtitles::add(const sub_properties_t& properties, const std::string& url) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     Hbbtv_AL_ComponentInfo info = {};
     info.type = AV_COMPONENT_TYPE_SUBTITLE;
     info.componentTag = -1;
@@ -40,7 +40,7 @@ void Subtitles::add(const sub_properties_t& properties, const std::string& url) 
 }
 
 void Subtitles::startMedia() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     clearSelection();
     for (Track& track : m_tracks) {
         track.info.pid = m_nextPid++;
@@ -48,25 +48,25 @@ void Subtitles::startMedia() {
 }
 
 void Subtitles::startPlayback(PlaybackId playback) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_playback = playback;
     m_streamCues.clear();
     if (!m_selectedStream.empty()) {
         clearSelection();
     }
     for (Track& track : m_tracks) {
-        if (track.state == State::BROKEN || track.state == State::ASKED) {
+        if (track.state == State::BROKEN || track.state == State::REQUESTED) {
             track.state = State::UNREAD;
         }
     }
 }
 
 std::vector<Subtitles::Request> Subtitles::takeRequests() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     std::vector<Request> requests;
     for (size_t i = 0; i < m_tracks.size(); ++i) {
         if (m_tracks[i].state == State::UNREAD) {
-            m_tracks[i].state = State::ASKED;
+            m_tracks[i].state = State::REQUESTED;
             requests.push_back({i, m_tracks[i].url});
         }
     }
@@ -74,7 +74,7 @@ std::vector<Subtitles::Request> Subtitles::takeRequests() {
 }
 
 bool Subtitles::finishRequest(size_t number, SubtitleReader::Outcome file) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     Track& track = m_tracks[number];
     if (file) {
         track.state = State::READ;
@@ -94,14 +94,14 @@ bool Subtitles::finishRequest(size_t number, SubtitleReader::Outcome file) {
 }
 
 void Subtitles::addStreamCue(PlaybackId playback, const std::string& stream, GstSample* sample) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_streamCues[stream].add(sample);
     }
 }
 
 std::vector<Hbbtv_AL_ComponentInfo> Subtitles::list() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     std::vector<Hbbtv_AL_ComponentInfo> infos;
     for (const Track& track : m_tracks) {
         if (track.state != State::BROKEN) {
@@ -112,7 +112,7 @@ std::vector<Hbbtv_AL_ComponentInfo> Subtitles::list() const {
 }
 
 bool Subtitles::select(std::optional<int> pid, const std::string& stream) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     const bool isOther = m_selected != pid;
     m_selected = pid;
     m_selectedStream = stream;
@@ -120,7 +120,7 @@ bool Subtitles::select(std::optional<int> pid, const std::string& stream) {
 }
 
 std::optional<int> Subtitles::selected() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_selected;
 }
 
@@ -130,7 +130,7 @@ void Subtitles::clearSelection() {
 }
 
 std::string Subtitles::textAt(int64_t ms) const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     const auto stream = m_streamCues.find(m_selectedStream);
     if (stream != m_streamCues.end()) {
         return stream->second.textAt(ms);

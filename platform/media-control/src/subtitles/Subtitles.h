@@ -1,13 +1,13 @@
-/** The subtitle tracks that a page has given to a player, those of its media, and which is shown. Threads: any. */
+/** The subtitles of a player. */
 #ifndef MEDIA_CONTROL_SUBTITLES_H
 #define MEDIA_CONTROL_SUBTITLES_H
 
+#include "GuardedMutex.h"
 #include "gst/PlaybackId.h"
 #include "medialib_components.h"
 #include "subtitles/SubtitleReader.h"
 
 #include <map>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,10 +15,11 @@
 namespace media {
 
 /**
- * Tracks stay with the player until its end, whatever it plays. Each new media makes new components of them, and shows
- * none of them until a page selects one. The media's own subtitles are components of the media and last as long as a
- * playback; only their cues are kept here. A track whose file cannot be read is no component; the file is tried again
- * at the next start.
+ * The subtitle tracks that a page has added to a player, the cues of the media's own subtitles, and which is selected.
+ *
+ * Tracks stay with the player until its end, whatever it plays. Each new media item makes new components of them, and
+ * none is shown until a page selects one. The media's own subtitles are components of the media and last as long as a
+ * playback. A track whose file cannot be read is no component; the file is tried again at the next start. Threads: any.
  */
 class Subtitles {
 public:
@@ -33,25 +34,25 @@ public:
     /** @param url absolute, or relative to an address that is not known yet */
     void add(const sub_properties_t& properties, const std::string& url);
 
-    /** The player has other media: components of the former are refused from now on. */
+    /** The player has other media: components of the former media are refused from now on. */
     void startMedia();
 
     /**
-     * A playback begins: files that could not be read, or were not read to their end, are to be read again, and the
-     * media's own subtitles come anew.
+     * A playback begins: files that could not be read, or were not read to their end, are to be read again. The media's
+     * own subtitles come anew.
      */
     void startPlayback(PlaybackId playback);
 
-    /** @return the tracks that nobody has been asked to read */
+    /** @return the tracks that are to be read and that nobody has taken yet */
     std::vector<Request> takeRequests();
 
     /** The file of a track has been read. @return true when the track was the selected one and is none any more */
     bool finishRequest(size_t track, SubtitleReader::Outcome file);
 
-    /** The tracks, as Hbbtv_AL_MediaPlayerGetComponents but for `active`. */
+    /** @return the tracks, as Hbbtv_AL_MediaPlayerGetComponents but for `active` */
     std::vector<Hbbtv_AL_ComponentInfo> list() const;
 
-    /** A cue of the media's own subtitles; ignored unless its playback is the one that began last. */
+    /** Adds a cue of the media's own subtitles; ignored unless its playback is the one that began last. */
     void addStreamCue(PlaybackId playback, const std::string& stream, GstSample* sample);
 
     /**
@@ -66,7 +67,7 @@ public:
     std::string textAt(int64_t ms) const;
 
 private:
-    enum class State { UNREAD, ASKED, READ, BROKEN };
+    enum class State { UNREAD, REQUESTED, READ, BROKEN };
 
     struct Track {
         std::string url;
@@ -75,16 +76,16 @@ private:
         CueList cues;
     };
 
-    void clearSelection();
+    void clearSelection() REQUIRES(m_mutex);
 
     const int m_player;
-    mutable std::mutex m_mutex; // guards all below
-    std::vector<Track> m_tracks;
-    std::optional<int> m_selected; // a pid
-    std::string m_selectedStream;  // empty when it is a track's
-    PlaybackId m_playback = PlaybackId::NONE;
-    std::map<std::string, CueList> m_streamCues; // by stream id
-    int m_nextPid = 0x10000;                     // only counts up; far from the pids of a media's own streams
+    mutable support::Mutex m_mutex;
+    std::vector<Track> m_tracks GUARDED_BY(m_mutex);
+    std::optional<int> m_selected GUARDED_BY(m_mutex); // a pid
+    std::string m_selectedStream GUARDED_BY(m_mutex);  // empty when it is a track's
+    PlaybackId m_playback GUARDED_BY(m_mutex) = PlaybackId::NONE;
+    std::map<std::string, CueList> m_streamCues GUARDED_BY(m_mutex); // by stream id
+    int m_nextPid GUARDED_BY(m_mutex) = 0x10000; // only counts up; far from the pids of the media's own streams
 };
 
 /** @return the pid of the first component in the language of the user's locale, else of the first; none without any */

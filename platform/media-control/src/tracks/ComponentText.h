@@ -6,7 +6,7 @@
 
 namespace media {
 
-/** Fills a field that is all zero; what does not fit is left out. */
+/** Fills a field that is all zero; what does not fit is cut off. */
 template <size_t SIZE> void copyText(char (&to)[SIZE], const std::string& from) {
     from.copy(to, SIZE - 1);
 }

@@ -29,7 +29,7 @@ std::string encodingName(const GstStructure* format) {
         return "WEBVTT";
     }
     if (media == "text/x-raw") {
-        return {}; // read already: the format that it had is not told
+        return {}; // parsed already: nothing says which format it had
     }
     std::string name = media.substr(media.find('/') + 1);
     if (name.rfind("x-", 0) == 0) {
@@ -80,7 +80,7 @@ Hbbtv_AL_ComponentInfo describe(GstStream* stream, AVComponentType type) {
     return info;
 }
 
-/** @return false for the subtitle streams that are pictures or teletext, which this player does not draw */
+/** @return false for subtitles as bitmaps or teletext, which this player does not draw */
 bool isText(GstStream* stream) {
     const CapsPtr caps(gst_stream_get_caps(stream));
     if (!caps || gst_caps_is_empty(caps.get()) || gst_caps_is_any(caps.get())) {
@@ -104,7 +104,7 @@ AVComponentType componentType(GstStream* stream) {
 }
 
 void Components::open(PlaybackId playback, const std::string& url) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     forget(playback);
     if (url != m_url) {
         m_url = url;
@@ -113,19 +113,19 @@ void Components::open(PlaybackId playback, const std::string& url) {
 }
 
 void Components::close() {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     forget(PlaybackId::NONE);
 }
 
 void Components::forget(PlaybackId playback) {
     m_playback = playback;
     m_collection.reset();
-    m_marks.reset();
+    m_transportInfo.reset();
     m_active = {};
 }
 
 void Components::setCollection(PlaybackId playback, CollectionPtr collection) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_collection = std::move(collection);
         nameStreams();
@@ -142,36 +142,37 @@ void Components::nameStreams() {
     }
 }
 
-void Components::setMarks(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> marks) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+void Components::setTransportInfo(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> info) {
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
-        m_marks = std::move(marks);
+        m_transportInfo = std::move(info);
     }
 }
 
 void Components::setActive(PlaybackId playback, const StreamSelection& active) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     if (playback == m_playback) {
         m_active = active;
     }
 }
 
 StreamSelection Components::active() const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     return m_active;
 }
 
 std::vector<Components::Entry> Components::entries(AVComponentType type) const {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     std::vector<Entry> found;
     const guint count = m_collection ? gst_stream_collection_get_size(m_collection.get()) : 0;
     for (guint i = 0; i < count; ++i) {
         GstStream* stream = gst_stream_collection_get_stream(m_collection.get(), i);
         if (componentType(stream) == type) {
             Entry entry = {gst_stream_get_stream_id(stream), describe(stream, type)};
-            const StreamMarks marks = m_marks ? m_marks->of(entry.stream) : StreamMarks();
-            entry.info.componentTag = marks.componentTag;
-            entry.info.audioDescription = marks.audioDescription;
+            const StreamDescriptors descriptors =
+                m_transportInfo ? m_transportInfo->of(entry.stream) : StreamDescriptors();
+            entry.info.componentTag = descriptors.componentTag;
+            entry.info.audioDescription = descriptors.audioDescription;
             entry.info.pid = m_pids.at(entry.stream);
             entry.info.active = entry.stream == m_active[static_cast<size_t>(type)];
             found.push_back(std::move(entry));

@@ -1,7 +1,8 @@
-/** The components of a player's media: what there is and what is seen and heard. Threads: any. */
+/** The components of a player's media. */
 #ifndef MEDIA_CONTROL_COMPONENTS_H
 #define MEDIA_CONTROL_COMPONENTS_H
 
+#include "GuardedMutex.h"
 #include "gst/GstPointer.h"
 #include "gst/PlaybackId.h"
 #include "medialib_components.h"
@@ -10,7 +11,6 @@
 #include <array>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -21,17 +21,20 @@ constexpr size_t COMPONENT_TYPES = 3;
 /** GStreamer's id of the stream that is active, by component type; empty for none. */
 using StreamSelection = std::array<std::string, COMPONENT_TYPES>;
 
+/**
+ * The components that there are, and those that are seen and heard. The pipeline's messages fill it; what comes late,
+ * from a playback that is not the open one, is ignored. Threads: any.
+ */
 class Components {
 public:
-    /** Nothing is known of the media yet; this playback will report it. */
+    /** A playback of this media begins: nothing is known of its components yet. */
     void open(PlaybackId playback, const std::string& url);
 
-    /** There is no media any more, and what a playback reports late is ignored. */
+    /** There is no media any more. */
     void close();
 
-    /** The media's streams; ignored unless its playback is the open one, as for the next two. */
     void setCollection(PlaybackId playback, CollectionPtr collection);
-    void setMarks(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> marks);
+    void setTransportInfo(PlaybackId playback, std::shared_ptr<const TransportStreamInfo> info);
     void setActive(PlaybackId playback, const StreamSelection& active);
     StreamSelection active() const;
 
@@ -41,7 +44,7 @@ public:
     /** @return the stream's id, empty when there is none */
     std::string streamOf(AVComponentType type, int pid) const;
 
-    /** The stream that is seen or heard unless a page asks for another. @return its id, empty when there is none */
+    /** The stream that is seen or heard unless a page selects another. @return its id, empty when there is none */
     std::string defaultStream(AVComponentType type) const;
 
 private:
@@ -49,18 +52,18 @@ private:
         std::string stream;
         Hbbtv_AL_ComponentInfo info;
     };
-    void forget(PlaybackId playback);
-    void nameStreams();
-    std::vector<Entry> entries(AVComponentType type) const;
+    void forget(PlaybackId playback) REQUIRES(m_mutex);
+    void nameStreams() REQUIRES(m_mutex);
+    std::vector<Entry> entries(AVComponentType type) const EXCLUDES(m_mutex);
 
-    mutable std::mutex m_mutex;               // guards all below
-    PlaybackId m_playback = PlaybackId::NONE; // NONE: closed
-    CollectionPtr m_collection;
-    std::shared_ptr<const TransportStreamInfo> m_marks; // null for none
-    StreamSelection m_active;
-    std::string m_url;                 // of the media that m_pids belongs to
-    std::map<std::string, int> m_pids; // by stream id: the same for each playback of the media
-    int m_lastPid = 0; // only counts up, so that a component that a page has kept is none of the next media's
+    mutable support::Mutex m_mutex;
+    PlaybackId m_playback GUARDED_BY(m_mutex) = PlaybackId::NONE; // NONE: closed
+    CollectionPtr m_collection GUARDED_BY(m_mutex);
+    std::shared_ptr<const TransportStreamInfo> m_transportInfo GUARDED_BY(m_mutex); // null for none
+    StreamSelection m_active GUARDED_BY(m_mutex);
+    std::string m_url GUARDED_BY(m_mutex);                 // of the media that m_pids belongs to
+    std::map<std::string, int> m_pids GUARDED_BY(m_mutex); // by stream id: the same for each playback of the media
+    int m_lastPid GUARDED_BY(m_mutex) = 0; // never reused, so a kept component cannot match the next media
 };
 
 /** @return the component type of a stream, AV_COMPONENT_TYPE_INVALID for others */

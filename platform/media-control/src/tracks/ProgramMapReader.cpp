@@ -36,22 +36,22 @@ bool describesPicture(dvbpsi_descriptor_t* descriptor) {
            descriptor->p_data[0] == SUPPLEMENTARY_AUDIO && (descriptor->p_data[1] >> 2 & 0x1f) == DESCRIBES_PICTURE;
 }
 
-StreamMarks marksOf(const dvbpsi_pmt_es_t& stream) {
-    StreamMarks marks;
+StreamDescriptors descriptorsOf(const dvbpsi_pmt_es_t& stream) {
+    StreamDescriptors descriptors;
     for (dvbpsi_descriptor_t* each = stream.p_first_descriptor; each; each = each->p_next) {
-        marks.audioDescription |= describesPicture(each);
+        descriptors.audioDescription |= describesPicture(each);
         if (each->i_tag == STREAM_IDENTIFIER) {
             const dvbpsi_stream_identifier_dr_t* identifier = dvbpsi_DecodeStreamIdentifierDr(each);
-            marks.componentTag = identifier ? identifier->i_component_tag : -1;
+            descriptors.componentTag = identifier ? identifier->i_component_tag : -1;
         }
     }
-    return marks;
+    return descriptors;
 }
 
 } // namespace
 
-ProgramMapReader::ProgramMapReader(std::shared_ptr<TransportStreamInfo> marks)
-    : m_marks(std::move(marks)), m_programs(dvbpsi_new(nullptr, DVBPSI_MSG_NONE)),
+ProgramMapReader::ProgramMapReader(std::shared_ptr<TransportStreamInfo> info)
+    : m_info(std::move(info)), m_programs(dvbpsi_new(nullptr, DVBPSI_MSG_NONE)),
       m_map(dvbpsi_new(nullptr, DVBPSI_MSG_NONE)) {
     m_isRead = !m_programs || !m_map || !dvbpsi_pat_attach(m_programs, &ProgramMapReader::onPrograms, this);
 }
@@ -70,16 +70,16 @@ ProgramMapReader::~ProgramMapReader() {
 bool ProgramMapReader::read(const uint8_t* bytes, size_t count) {
     m_bytesSeen += count;
     m_rest.insert(m_rest.end(), bytes, bytes + count);
-    size_t place = 0;
-    while (!m_isRead && m_rest.size() - place > PACKET_BYTES) {
-        if (m_rest[place] == SYNC_BYTE && m_rest[place + PACKET_BYTES] == SYNC_BYTE) {
-            readPacket(m_rest.data() + place);
-            place += PACKET_BYTES;
+    size_t position = 0;
+    while (!m_isRead && m_rest.size() - position > PACKET_BYTES) {
+        if (m_rest[position] == SYNC_BYTE && m_rest[position + PACKET_BYTES] == SYNC_BYTE) {
+            readPacket(m_rest.data() + position);
+            position += PACKET_BYTES;
         } else {
-            ++place;
+            ++position;
         }
     }
-    m_rest.erase(m_rest.begin(), m_rest.begin() + static_cast<std::ptrdiff_t>(place));
+    m_rest.erase(m_rest.begin(), m_rest.begin() + static_cast<std::ptrdiff_t>(position));
     return !m_isRead && m_bytesSeen < ENOUGH_BYTES;
 }
 
@@ -107,7 +107,7 @@ void ProgramMapReader::onPrograms(void* self, dvbpsi_pat_s* programs) {
 void ProgramMapReader::onMap(void* self, dvbpsi_pmt_s* map) {
     auto* reader = static_cast<ProgramMapReader*>(self);
     for (const dvbpsi_pmt_es_t* each = map->p_first_es; each; each = each->p_next) {
-        reader->m_marks->set(each->i_pid, marksOf(*each));
+        reader->m_info->set(each->i_pid, descriptorsOf(*each));
     }
     dvbpsi_pmt_delete(map);
     reader->m_isRead = true;

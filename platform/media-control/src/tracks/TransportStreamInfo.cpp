@@ -4,21 +4,21 @@
 
 namespace media {
 
-void TransportStreamInfo::set(int pid, const StreamMarks& marks) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_marks[pid] = marks;
+void TransportStreamInfo::set(int pid, const StreamDescriptors& descriptors) {
+    const support::Lock lock(m_mutex);
+    m_descriptors[pid] = descriptors;
 }
 
-StreamMarks TransportStreamInfo::of(const std::string& stream) const {
+StreamDescriptors TransportStreamInfo::of(const std::string& stream) const {
     const size_t slash = stream.rfind('/');
     if (slash == std::string::npos) {
         return {};
     }
     char* end = nullptr;
     const long pid = std::strtol(stream.c_str() + slash + 1, &end, 16);
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found = *end == '\0' ? m_marks.find(static_cast<int>(pid)) : m_marks.end();
-    return found == m_marks.end() ? StreamMarks() : found->second;
+    const support::Lock lock(m_mutex);
+    const auto found = *end == '\0' ? m_descriptors.find(static_cast<int>(pid)) : m_descriptors.end();
+    return found == m_descriptors.end() ? StreamDescriptors() : found->second;
 }
 
 } // namespace media
