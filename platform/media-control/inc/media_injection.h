@@ -1,5 +1,6 @@
 /**
- * Reports of the desktop media player that a desk has no source for: a page can be tried against them.
+ * Injected reports: a page can be tried against what the desktop media player never reports by itself, such as missing
+ * rights.
  */
 #ifndef MEDIA_INJECTION_H
 #define MEDIA_INJECTION_H
@@ -11,12 +12,13 @@ extern "C" {
 #endif
 
 /**
- * Makes a player report, on its own thread, as if the media or its hardware were the reason. The player itself goes on
- * as before: after an error the plug-in stops it, after BUFFERING a report of PLAYING tells the end of that.
+ * Makes a player report as if the media or the hardware were the reason. The player itself goes on as before: after an
+ * error the plug-in stops it; BUFFERING lasts until PLAYING is injected.
  * @param player handle of the adaptation layer; -1 for the open player that was made last
  * @param event  any report of eMEDIA_CALLBACK_EVENT
- * @param code   as eMEDIA_CALLBACK_EVENT says
- * @return 0 when there is no such player. Thread: any. Returns at once, before the report is made.
+ * @param code   the report's code, as described at eMEDIA_CALLBACK_EVENT
+ * @return 1, or 0 when there is no such player or report. Thread: any. Returns at once; the report follows on the
+ *         player's thread.
  */
 int mediaInjectReport(int player, eMEDIA_CALLBACK_EVENT event, int code);
 

@@ -1,5 +1,5 @@
 /**
- * Subtitles of the desktop media player: what a compositor writes over a picture of media_picture.h.
+ * Subtitles of the desktop media player: the text that a compositor writes over a frame of media_picture.h.
  */
 #ifndef MEDIA_SUBTITLES_H
 #define MEDIA_SUBTITLES_H
@@ -11,14 +11,13 @@ extern "C" {
 #endif
 
 /**
- * Says what the selected subtitles of a player have for a moment of its media. The callback of media_picture.h tells
- * when the answer for the picture on show may have changed without a new picture: another selection, a file that has
- * been read.
+ * Returns the text of a player's selected subtitles at one position of its media. It may change without a new frame:
+ * when other subtitles are selected, and when a file has been read. The observer of media_picture.h is then called.
  * @param player handle of the adaptation layer
- * @param timeMs position in the media, that of the picture on show: MediaPicture::timeMs
- * @return null for nothing, else a text in UTF-8 in a block from malloc() that becomes the caller's. Lines are
- * separated by "\n". The marks <b>, <i> and <u> are well nested and have no attributes; the characters <, > and & of
- * the text stand as &lt;, &gt; and &amp;. There is no other markup. Thread: any. Returns at once.
+ * @param timeMs position in the media: MediaPicture::timeMs of the frame that is shown
+ * @return null when there is no text, else UTF-8 in a block from malloc() that the caller frees. "\n" separates lines.
+ *         The tags <b>, <i> and <u> are well nested and have no attributes; the characters <, > and & of the text are
+ *         written as &lt;, &gt; and &amp;. There is no other markup. Thread: any. Returns at once.
  */
 char* mediaSubtitlesAt(int player, int64_t timeMs);
 

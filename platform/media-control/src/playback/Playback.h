@@ -73,7 +73,7 @@ private:
     const PlaybackContext m_context;
     const PlaybackSettings m_settings;
     const std::shared_ptr<LastActivity> m_lastActivity;
-    PageReporter m_reporter; // before the pipeline: the page is told of connecting before anything connects
+    PageReporter m_reporter; // before the pipeline: CONNECTING is reported before anything connects
     const HttpObserver m_httpObserver;
     MediaPipeline m_pipeline;
     SeekController m_seeks;

@@ -129,7 +129,7 @@ void SubtitleReader::parse() {
         fail("GStreamer's " + parser + " is missing; run scripts/install-packages");
         return;
     }
-    // subparse tells the formats of text apart by itself, but takes a short file for text only when its caps say so.
+    // subparse recognises the formats of text by itself, but takes a short file for text only when its caps say so.
     const CapsPtr caps(gst_caps_new_empty_simple(isXml ? "application/ttml+xml" : "application/x-subtitle"));
     g_object_set(source, "caps", caps.get(), nullptr);
     gst_app_src_push_buffer(GST_APP_SRC(source), gst_buffer_new_memdup(bytes.data(), static_cast<gsize>(bytes.size())));
