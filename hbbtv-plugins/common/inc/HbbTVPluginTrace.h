@@ -80,7 +80,7 @@ typedef struct HbbTVPluginTraceCall {
 typedef struct HbbTVPluginTraceEvent {
     const char* name;     /**< of the handler, or the listener's type; "function" when unknown */
     const char* property; /**< null when the function got the arguments as they are; else it got an event object, this
-                               is the property that tells what happened, and the one argument below is its value */
+                               is the property that says what happened, and the one argument below is its value */
     const HbbTVPluginTraceValue* arguments;
     uint32_t argumentCount;
     int64_t tookUs; /**< how long it ran, microseconds */

@@ -1,4 +1,4 @@
-// The file of --timeline against its documentation: every line has the form, and together they tell the story.
+// The file of --timeline against its documentation: every line has the form, and together they report the story.
 #include "media_state.h"
 #include "timeline/PlaybackTracker.h"
 

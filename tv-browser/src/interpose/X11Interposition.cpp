@@ -15,7 +15,7 @@ bool painting = false;
 bool painted = false;
 uint32_t colour = 0;
 
-/** Returned for every resource that is asked for without a display, where nobody uses it. */
+/** Returned in place of every X resource without a display, where nobody uses it. */
 constexpr XID noResource = 1;
 constexpr int screenDepth = 24;
 constexpr int elementDepth = 32;

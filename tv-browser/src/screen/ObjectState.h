@@ -1,4 +1,4 @@
-/** Reads how a media object of a page stands on the screen. */
+/** Reads how an A/V Control object of a page stands on the screen. */
 #ifndef OBJECTSTATE_H
 #define OBJECTSTATE_H
 
@@ -9,7 +9,7 @@ class QWebElement;
 
 namespace tv {
 
-/** A media object at one moment. */
+/** An A/V Control object at one moment. */
 struct ObjectState {
     int player = -1;           ///< handle of the adaptation layer, negative without one
     bool isFullScreen = false; ///< the player's window is the whole screen

@@ -25,7 +25,7 @@ public:
     VideoPlanes();
     ~VideoPlanes() override;
 
-    /** @return true when windows overlap, so that the page's holes do not tell whose video is visible */
+    /** @return true when windows overlap, so that the page's holes do not say whose video is visible */
     bool overlap() const;
 
     /** Sets the players whose video is not drawn. */
