@@ -2,19 +2,20 @@
  * A mutex that knows what it guards. A field declared `GUARDED_BY(m_mutex)` may be read and written only while a Lock
  * of that mutex lives, a function declared `REQUIRES(m_mutex)` may be called only then, and one declared
  * `EXCLUDES(m_mutex)` only while none does. `./test check lint` has clang check it; for other compilers this is a
- * std::mutex and a std::lock_guard.
+ * std::mutex and a std::lock_guard. Constructors and destructors are not checked.
  *
- * To wait for a change, use a std::condition_variable_any with the mutex itself, in a loop:
+ * To wait for a change, use a Condition:
  *
  *     const Lock lock(m_mutex);
- *     while (!m_ended) {
- *         m_changed.wait(m_mutex);
- *     }
+ *     m_changed.waitFor(m_mutex, limit, [this]() REQUIRES(m_mutex) { return m_ended; });
  */
 #ifndef PLATFORM_SUPPORT_GUARDED_MUTEX_H
 #define PLATFORM_SUPPORT_GUARDED_MUTEX_H
 
+#include <chrono>
+#include <condition_variable>
 #include <mutex>
+#include <utility>
 
 #if defined(__clang__)
 #define THREAD_SAFETY(attribute) __attribute__((attribute))
@@ -35,6 +36,7 @@ public:
     void unlock() THREAD_SAFETY(release_capability()) { m_base.unlock(); }
 
 private:
+    friend class Condition;
     Base m_base;
 };
 
@@ -56,6 +58,24 @@ private:
 
 using Lock = BasicLock<Mutex>;
 using RecursiveLock = BasicLock<RecursiveMutex>;
+
+/** As std::condition_variable. */
+class Condition {
+public:
+    /** Waits, without the mutex, until the predicate is true. @return false when it is not, after the limit */
+    template <class Predicate>
+    bool waitFor(Mutex& mutex, std::chrono::milliseconds limit, Predicate predicate) REQUIRES(mutex) {
+        std::unique_lock<std::mutex> lock(mutex.m_base, std::adopt_lock);
+        const bool result = m_base.wait_for(lock, limit, std::move(predicate));
+        lock.release(); // the caller's Lock goes on holding the mutex
+        return result;
+    }
+
+    void notifyAll() { m_base.notify_all(); }
+
+private:
+    std::condition_variable m_base;
+};
 
 } // namespace support
 

@@ -3,7 +3,6 @@
 #include "base/Print.h"
 
 #include <QFile>
-#include <QMutexLocker>
 #include <QNetworkCookie>
 #include <QSaveFile>
 
@@ -22,18 +21,18 @@ QByteArray CookieJar::headerFor(const QUrl& url) const {
 }
 
 void CookieJar::clear() {
-    const QMutexLocker lock(&m_mutex);
+    const support::Lock lock(m_mutex);
     setAllCookies({});
     save();
 }
 
 QList<QNetworkCookie> CookieJar::cookiesForUrl(const QUrl& url) const {
-    const QMutexLocker lock(&m_mutex);
+    const support::Lock lock(m_mutex);
     return QNetworkCookieJar::cookiesForUrl(url);
 }
 
 bool CookieJar::setCookiesFromUrl(const QList<QNetworkCookie>& cookies, const QUrl& url) {
-    const QMutexLocker lock(&m_mutex);
+    const support::Lock lock(m_mutex);
     const bool changed = QNetworkCookieJar::setCookiesFromUrl(cookies, url);
     if (changed) {
         save();

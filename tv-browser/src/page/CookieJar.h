@@ -2,7 +2,8 @@
 #ifndef COOKIEJAR_H
 #define COOKIEJAR_H
 
-#include <QMutex>
+#include "GuardedMutex.h"
+
 #include <QNetworkCookieJar>
 #include <QString>
 
@@ -28,11 +29,11 @@ public:
     bool setCookiesFromUrl(const QList<QNetworkCookie>& cookies, const QUrl& url) override;
 
 private:
-    void load();
-    void save() const;
+    void load() REQUIRES(m_mutex);
+    void save() const REQUIRES(m_mutex);
 
     const QString m_file;
-    mutable QMutex m_mutex; ///< guards the cookies of the base class
+    mutable support::Mutex m_mutex; ///< guards the cookies of the base class
 };
 
 } // namespace tv

@@ -65,7 +65,7 @@ VideoPlanes::~VideoPlanes() {
 
 void VideoPlanes::notify(int player, void* planes) {
     auto* self = static_cast<VideoPlanes*>(planes);
-    const std::lock_guard<std::mutex> lock(self->m_mutex);
+    const support::Lock lock(self->m_mutex);
     if (self->m_notified.isEmpty()) {
         QMetaObject::invokeMethod(self, &VideoPlanes::update, Qt::QueuedConnection);
     }
@@ -75,7 +75,7 @@ void VideoPlanes::notify(int player, void* planes) {
 void VideoPlanes::update() {
     QSet<int> players;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         players.swap(m_notified);
     }
     const std::vector<MediaPictureWindow> windows = currentWindows();

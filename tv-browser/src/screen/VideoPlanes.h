@@ -2,13 +2,13 @@
 #ifndef VIDEOPLANES_H
 #define VIDEOPLANES_H
 
+#include "GuardedMutex.h"
 #include "media_picture.h"
 #include "screen/SubtitlePainter.h"
 
 #include <QObject>
 #include <QRegion>
 #include <QSet>
-#include <mutex>
 #include <vector>
 
 class QPainter;
@@ -45,8 +45,8 @@ private:
     static void notify(int player, void* planes);
     void update();
 
-    std::mutex m_mutex;
-    QSet<int> m_notified; ///< players that changed since the last update; guarded by m_mutex
+    support::Mutex m_mutex;
+    QSet<int> m_notified GUARDED_BY(m_mutex); ///< players that changed since the last update
     std::vector<MediaPictureWindow> m_windows;
     QSet<int> m_hidden;
     SubtitlePainter m_subtitlePainter;

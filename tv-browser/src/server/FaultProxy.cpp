@@ -1,8 +1,8 @@
 #include "server/FaultProxy.h"
 
+#include "GuardedMutex.h"
 #include "server/ProxyExchange.h"
 
-#include <GuardedMutex.h>
 #include <atomic>
 #include <gio/gio.h>
 #include <list>

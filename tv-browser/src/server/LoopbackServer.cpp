@@ -1,12 +1,12 @@
 #include "server/LoopbackServer.h"
 
+#include "GuardedMutex.h"
 #include "server/FileResponse.h"
 #include "server/LiveList.h"
 #include "server/MimeType.h"
 #include "server/MountedFolders.h"
 #include "server/StopSignal.h"
 
-#include <GuardedMutex.h>
 #include <chrono>
 #include <fstream>
 #include <httplib.h>

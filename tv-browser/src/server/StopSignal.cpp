@@ -5,14 +5,9 @@
 namespace tv {
 
 bool StopSignal::pause(int milliseconds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     const support::Lock lock(m_mutex);
-    while (!m_isStopping) {
-        if (m_changed.wait_until(m_mutex, end) == std::cv_status::timeout) {
-            return !m_isStopping;
-        }
-    }
-    return false;
+    return !m_changed.waitFor(m_mutex, std::chrono::milliseconds(milliseconds),
+                              [this]() REQUIRES(m_mutex) { return m_isStopping; });
 }
 
 void StopSignal::stop() {
@@ -20,7 +15,7 @@ void StopSignal::stop() {
         const support::Lock lock(m_mutex);
         m_isStopping = true;
     }
-    m_changed.notify_all();
+    m_changed.notifyAll();
 }
 
 } // namespace tv

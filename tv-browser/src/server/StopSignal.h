@@ -2,8 +2,7 @@
 #ifndef STOPSIGNAL_H
 #define STOPSIGNAL_H
 
-#include <GuardedMutex.h>
-#include <condition_variable>
+#include "GuardedMutex.h"
 
 namespace tv {
 
@@ -18,7 +17,7 @@ public:
 
 private:
     support::Mutex m_mutex;
-    std::condition_variable_any m_changed;
+    support::Condition m_changed;
     bool m_isStopping GUARDED_BY(m_mutex) = false;
 };
 

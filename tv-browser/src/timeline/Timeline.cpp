@@ -53,7 +53,7 @@ void Timeline::add(timeline::Details details) {
 }
 
 void Timeline::hold(TimelineEntry entry) {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const support::Lock lock(m_mutex);
     m_held.append(std::move(entry));
 }
 
@@ -61,7 +61,7 @@ void Timeline::hold(TimelineEntry entry) {
 TimelineEntries Timeline::takeHeld(int64_t untilUs) {
     TimelineEntries ready;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const support::Lock lock(m_mutex);
         const auto later = std::stable_partition(
             m_held.begin(), m_held.end(), [untilUs](const TimelineEntry& entry) { return entry.timeUs <= untilUs; });
         std::move(m_held.begin(), later, std::back_inserter(ready));

@@ -4,12 +4,12 @@
 #ifndef TIMELINE_H
 #define TIMELINE_H
 
+#include "GuardedMutex.h"
 #include "timeline/PlaybackTracker.h"
 #include "timeline/TimelineEntry.h"
 
 #include <QObject>
 #include <QTimer>
-#include <mutex>
 
 namespace tv {
 
@@ -41,8 +41,8 @@ private:
     const int64_t m_startUs;
     QTimer m_timer;
     PlaybackTracker m_tracker;
-    std::mutex m_mutex;
-    TimelineEntries m_held; ///< guarded by m_mutex
+    support::Mutex m_mutex;
+    TimelineEntries m_held GUARDED_BY(m_mutex);
 };
 
 } // namespace tv

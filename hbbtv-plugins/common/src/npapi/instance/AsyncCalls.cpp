@@ -1,6 +1,7 @@
 #include "npapi/instance/AsyncCalls.h"
 
 #include "FrameworkLog.h"
+#include "HbbTVThreadSafety.h"
 #include "npapi/engine/BrowserFunctions.h"
 
 #include <mutex>
@@ -46,19 +47,40 @@ private:
 
 const auto anyCall = [](const Call&) { return true; };
 
+class HBBTV_CAPABILITY QueueMutex {
+public:
+    void lock() HBBTV_ACQUIRE() { m_mutex.lock(); }
+    void unlock() HBBTV_RELEASE() { m_mutex.unlock(); }
+
+private:
+    std::mutex m_mutex;
+};
+
+class HBBTV_SCOPED_LOCK QueueLock {
+public:
+    explicit QueueLock(QueueMutex& mutex) HBBTV_ACQUIRE(mutex) : m_mutex(mutex) { m_mutex.lock(); }
+    ~QueueLock() HBBTV_RELEASE() { m_mutex.unlock(); }
+
+    QueueLock(const QueueLock&) = delete;
+    QueueLock& operator=(const QueueLock&) = delete;
+
+private:
+    QueueMutex& m_mutex;
+};
+
 } // namespace
 
-/// One for the process. Whoever uses it holds its lock.
+/// One for the process.
 struct AsyncCallQueue {
-    std::mutex mutex;
-    AsyncCalls* open = nullptr;
-    CallList waiting;
-    CallList held; ///< of other threads, until the plug-in thread is out of all operations
-    int operations = 0;
-    std::thread::id pluginThread;
-    Call spares[32] = {}; ///< for the moments without memory
+    QueueMutex mutex;
+    AsyncCalls* open HBBTV_GUARDED_BY(mutex) = nullptr;
+    CallList waiting HBBTV_GUARDED_BY(mutex);
+    CallList held HBBTV_GUARDED_BY(mutex); ///< of other threads, until the plug-in thread is out of all operations
+    int operations HBBTV_GUARDED_BY(mutex) = 0;
+    std::thread::id pluginThread HBBTV_GUARDED_BY(mutex);
+    Call spares[32] HBBTV_GUARDED_BY(mutex) = {}; ///< for the moments without memory
 
-    AsyncCalls** find(NPP instance) {
+    AsyncCalls** find(NPP instance) HBBTV_REQUIRES(mutex) {
         AsyncCalls** link = &open;
         while (*link && (*link)->m_instance != instance) {
             link = &(*link)->m_next;
@@ -66,9 +88,9 @@ struct AsyncCallQueue {
         return link;
     }
 
-    bool isOpen(NPP instance) { return *find(instance) != nullptr; }
+    bool isOpen(NPP instance) HBBTV_REQUIRES(mutex) { return *find(instance) != nullptr; }
 
-    Call* make(const Call& content) {
+    Call* make(const Call& content) HBBTV_REQUIRES(mutex) {
         if (Call* made = new (std::nothrow) Call(content)) {
             return made;
         }
@@ -81,7 +103,7 @@ struct AsyncCallQueue {
         return nullptr;
     }
 
-    void free(Call* call) {
+    void free(Call* call) HBBTV_REQUIRES(mutex) {
         if (call >= spares && call < spares + sizeof spares / sizeof *spares) {
             call->func = nullptr;
         } else {
@@ -89,8 +111,8 @@ struct AsyncCallQueue {
         }
     }
 
-    /// The lock is held, so that the instance is not destroyed between the question and the engine's own look-up.
-    void addWaiting(Call* call) {
+    /// Under the lock, so that the instance is not destroyed between the question and the engine's own look-up.
+    void addWaiting(Call* call) HBBTV_REQUIRES(mutex) {
         waiting.append(call);
         if (isOpen(call->instance)) {
             browserFunctions().pluginthreadasynccall(call->instance, wakeUp, call->instance);
@@ -114,7 +136,7 @@ template <class Predicate> bool runOne(Predicate wanted) {
     AsyncCallQueue& q = queue();
     Call call;
     {
-        const std::lock_guard<std::mutex> lock(q.mutex);
+        const QueueLock lock(q.mutex);
         Call* const taken = q.waiting.take(wanted);
         if (!taken) {
             return false;
@@ -145,7 +167,7 @@ void AsyncCallQueue::wakeUp(void* instance) {
     AsyncCallQueue& q = queue();
     void (*ran)(NPP) = nullptr;
     {
-        const std::lock_guard<std::mutex> lock(q.mutex);
+        const QueueLock lock(q.mutex);
         if (const AsyncCalls* const calls = *q.find(npp)) {
             ran = calls->m_ran; // else the call has ended its instance
         }
@@ -158,7 +180,7 @@ void AsyncCallQueue::wakeUp(void* instance) {
 AsyncCalls::AsyncCalls(NPP instance, void (*ran)(NPP)) : m_instance(instance), m_ran(ran), m_next(nullptr) {
     drainAsyncCalls();
     AsyncCallQueue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
+    const QueueLock lock(q.mutex);
     m_next = q.open;
     q.open = this;
 }
@@ -167,7 +189,7 @@ AsyncCalls::~AsyncCalls() {
     const auto isOwn = [this](const Call& call) { return call.instance == m_instance; };
     AsyncCallQueue& q = queue();
     {
-        const std::lock_guard<std::mutex> lock(q.mutex);
+        const QueueLock lock(q.mutex);
         *q.find(m_instance) = m_next;
         while (Call* const own = q.held.take(isOwn)) {
             q.waiting.append(own);
@@ -178,12 +200,13 @@ AsyncCalls::~AsyncCalls() {
 
 void drainAsyncCalls() {
     AsyncCallQueue& q = queue();
-    runAll([&q](const Call& call) { return !q.isOpen(call.instance); });
+    // runAll holds the lock while it asks, which clang does not see.
+    runAll([&q](const Call& call) HBBTV_UNCHECKED { return !q.isOpen(call.instance); });
 }
 
 void queueAsyncCall(NPP instance, void (*func)(void*), void* userData) {
     AsyncCallQueue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
+    const QueueLock lock(q.mutex);
     Call* const call = q.make({instance, func, userData, nullptr});
     if (!call) {
         // The engine's own list is what is left: it forgets the call if the instance goes first.
@@ -200,14 +223,14 @@ void queueAsyncCall(NPP instance, void (*func)(void*), void* userData) {
 
 OperationScope::OperationScope() {
     AsyncCallQueue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
+    const QueueLock lock(q.mutex);
     q.pluginThread = std::this_thread::get_id();
     ++q.operations;
 }
 
 OperationScope::~OperationScope() {
     AsyncCallQueue& q = queue();
-    const std::lock_guard<std::mutex> lock(q.mutex);
+    const QueueLock lock(q.mutex);
     if (--q.operations > 0) {
         return;
     }
