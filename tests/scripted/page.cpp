@@ -45,6 +45,7 @@ Element::Element(const Attributes& attributes)
     : m_object(browser().object("element")), m_attributes(attributes), m_beingMade(false),
       m_window(windowAt(0, 0, 640, 360)) {
     m_object->properties["nodeName"] = "OBJECT";
+    m_object->properties["ownerDocument"] = browser().document;
     m_object->front = [this] { return scriptable(); };
     m_object->methods["getAttribute"] = [this](const NPVariant* args, uint32_t) {
         const auto found = m_attributes.find(textIn(args[0]));
@@ -169,10 +170,18 @@ void completePage() {
         const size_t start = source.find('(', 1) + 1;
         return makeFunction(source.substr(start, source.find(')') - start));
     };
+    // What script has of the window does not go with the frame.
+    ScriptObject* view = browser().object("window");
+    view->properties = window->properties;
+    view->properties["parent"] = view;
+    view->methods = window->methods;
+    browser().document->properties["defaultView"] = view;
 }
 
 void forbidFunctionConstructor() {
     browser().window->properties["Function"] = nullptr;
+    const Value& view = browser().document->properties.at("defaultView");
+    static_cast<ScriptObject*>(NPVARIANT_TO_OBJECT(view.variant()))->properties["Function"] = nullptr;
 }
 
 } // namespace fake
