@@ -123,7 +123,9 @@ void CheckProcess::runChild(int pipe, const Setting& setting) {
     append(bytes, result.finding.expected);
     append(bytes, result.note);
     const Entries entries = journal.entries();
-    bytes.append(reinterpret_cast<const char*>(entries.data()), entries.size() * sizeof(Entry));
+    if (!entries.empty()) {
+        bytes.append(reinterpret_cast<const char*>(entries.data()), entries.size() * sizeof(Entry));
+    }
     writeAll(pipe, bytes);
     _exit(0); // destructors of the platform's libraries are no part of any contract
 }
@@ -167,7 +169,9 @@ Result CheckProcess::outcome(Entries& entries) {
         take(rest, result.note)) {
         result.verdict = static_cast<Verdict>(verdict[0]);
         entries.resize(rest.size() / sizeof(Entry));
-        std::memcpy(static_cast<void*>(entries.data()), rest.data(), entries.size() * sizeof(Entry));
+        if (!entries.empty()) {
+            std::memcpy(static_cast<void*>(entries.data()), rest.data(), entries.size() * sizeof(Entry));
+        }
     } else {
         result.verdict = Verdict::FAILED;
         result.finding = {wayOfEnd(status), "a check that comes to its end"};

@@ -143,6 +143,7 @@ void severalPlayers(Trial& trial) {
 std::vector<Check> callbackChecks() {
     const char* const header = "medialib.h";
     const char* const start = "play-starts";
+    const char* const unit = "position-is-milliseconds";
     return {
         {"report-holds-no-lock",
          header,
@@ -164,7 +165,7 @@ std::vector<Check> callbackChecks() {
          callsFromReport,
          {},
          "",
-         {start, "report-holds-no-lock"}},
+         {start, "report-holds-no-lock", unit}},
         {"remove-callback-waits",
          header,
          "When Hbbtv_AL_MediaPlayerRemoveCallback has returned, no report is under way and none follows.",
@@ -191,7 +192,7 @@ std::vector<Check> callbackChecks() {
          severalPlayers,
          {},
          "players",
-         {start}},
+         {start, unit}},
     };
 }
 

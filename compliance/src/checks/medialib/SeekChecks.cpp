@@ -136,7 +136,7 @@ std::vector<Check> seekChecks() {
          seekReports,
          {},
          "",
-         {start}},
+         {start, unit}},
         {"seek-lands",
          header,
          promise,

@@ -169,7 +169,7 @@ std::vector<Check> speedChecks() {
          reportsTheRealSpeed,
          {},
          "",
-         {start}},
+         {start, unit}},
     };
 }
 
