@@ -1,9 +1,12 @@
 #include "allocations.h"
 
-#include <dlfcn.h>
+#include <link.h>
 #include <stddef.h>
+#include <stdint.h>
 #include <string.h>
+#include <unwind.h>
 
+#include <algorithm>
 #include <new>
 
 // The allocator behind malloc: a sanitizer's, when there is one.
@@ -21,23 +24,95 @@ namespace {
 thread_local bool watching = false;
 thread_local int count = 0;
 thread_local int failing = 0;
+thread_local bool failsOnwards = false;
 
-// Tests and the C++ library allocate too; only what the libraries under test ask for counts.
-bool failsFor(void* returnAddress) {
-    Dl_info info = {};
-    watching = false;
-    const bool found = dladdr(returnAddress, &info) != 0 && info.dli_fname &&
-                       (strstr(info.dli_fname, "avcontrol-plugin") || strstr(info.dli_fname, "hbbtv-plugin-framework"));
-    watching = true;
-    return found && allocationFails();
+/// The code of libraries whose file names contain a text.
+class Code {
+public:
+    explicit Code(const char* library, const char* otherLibrary) : m_libraries{library, otherLibrary} {
+        dl_iterate_phdr(
+            [](dl_phdr_info* info, size_t, void* code) {
+                static_cast<Code*>(code)->add(*info);
+                return 0;
+            },
+            this);
+    }
+
+    bool contains(uintptr_t address) const {
+        return std::any_of(m_ranges, m_ranges + m_count,
+                           [address](const Range& range) { return address >= range.begin && address < range.end; });
+    }
+
+private:
+    struct Range {
+        uintptr_t begin;
+        uintptr_t end;
+    };
+
+    void add(const dl_phdr_info& info) {
+        const bool isWanted =
+            strstr(info.dlpi_name, m_libraries[0]) != nullptr || strstr(info.dlpi_name, m_libraries[1]) != nullptr;
+        for (int i = 0; isWanted && i < info.dlpi_phnum && m_count < MOST_RANGES; ++i) {
+            const auto& segment = info.dlpi_phdr[i];
+            if (segment.p_type == PT_LOAD && (segment.p_flags & PF_X)) {
+                const uintptr_t begin = info.dlpi_addr + segment.p_vaddr;
+                m_ranges[m_count++] = {begin, begin + segment.p_memsz};
+            }
+        }
+    }
+
+    static constexpr size_t MOST_RANGES = 8;
+    const char* m_libraries[2];
+    Range m_ranges[MOST_RANGES];
+    size_t m_count = 0;
+};
+
+bool isOfCppLibrary(uintptr_t address) {
+    static const Code code("libstdc++", "libc++");
+    return code.contains(address);
+}
+
+bool isOfLibraryUnderTest(uintptr_t address) {
+    static const Code code("avcontrol-plugin", "hbbtv-plugin-framework");
+    return code.contains(address);
+}
+
+/// Tests and the C++ library allocate too; only what the libraries under test ask for counts.
+bool isAskedByLibraries(void* caller) {
+    const auto returnAddress = reinterpret_cast<uintptr_t>(caller);
+    if (!isOfCppLibrary(returnAddress)) {
+        return isOfLibraryUnderTest(returnAddress);
+    }
+    // On behalf of whoever called the C++ library.
+    struct {
+        bool inCppLibrary;
+        bool asked;
+    } walk = {false, false};
+    _Unwind_Backtrace(
+        [](_Unwind_Context* context, void* data) {
+            auto& walked = *static_cast<decltype(walk)*>(data);
+            const uintptr_t address = _Unwind_GetIP(context);
+            const bool inCppLibrary = isOfCppLibrary(address);
+            if (walked.inCppLibrary && !inCppLibrary) {
+                walked.asked = isOfLibraryUnderTest(address);
+                return _URC_END_OF_STACK;
+            }
+            walked.inCppLibrary = inCppLibrary;
+            return _URC_NO_REASON;
+        },
+        &walk);
+    return walk.asked;
 }
 
 } // namespace
 
-void failAllocation(int nth) {
+void (*atAllocation)(int number) = nullptr;
+
+void failAllocation(int nth, bool onwards) {
     watching = true;
     count = 0;
     failing = nth;
+    failsOnwards = onwards;
 }
 
 int countAllocations() {
@@ -47,7 +122,26 @@ int countAllocations() {
 }
 
 bool allocationFails() {
-    return watching && ++count == failing;
+    if (!watching) {
+        return false;
+    }
+    ++count;
+    if (atAllocation) {
+        watching = false;
+        atAllocation(count);
+        watching = true;
+    }
+    return count == failing || (failsOnwards && failing > 0 && count > failing);
+}
+
+bool allocationFailsFor(void* caller) {
+    if (!watching) {
+        return false;
+    }
+    watching = false;
+    const bool counts = isAskedByLibraries(caller);
+    watching = true;
+    return counts && allocationFails();
 }
 
 } // namespace fake
@@ -57,13 +151,13 @@ bool allocationFails() {
 
 // A sanitizer allocates before it is ready to check accesses.
 extern "C" __attribute__((no_sanitize("address", "thread", "undefined"))) void* malloc(size_t size) {
-    return fake::watching && fake::failsFor(CALLER) ? nullptr : NEXT_MALLOC(size);
+    return fake::allocationFailsFor(CALLER) ? nullptr : NEXT_MALLOC(size);
 }
 
 void* operator new(size_t size, const std::nothrow_t&) noexcept {
-    return fake::watching && fake::failsFor(CALLER) ? nullptr : ::operator new(size);
+    return fake::allocationFailsFor(CALLER) ? nullptr : ::operator new(size);
 }
 
 void* operator new[](size_t size, const std::nothrow_t&) noexcept {
-    return fake::watching && fake::failsFor(CALLER) ? nullptr : ::operator new[](size);
+    return fake::allocationFailsFor(CALLER) ? nullptr : ::operator new[](size);
 }

@@ -73,6 +73,10 @@ NPError getValue(NPP handle, NPPVariable, void* value) {
 
 } // namespace
 
+PluginBaseClass* pluginBehind(NPP handle) {
+    return instances().at(handle)->plugin;
+}
+
 const NPPluginFuncs& pluginFunctions() {
     static NPPluginFuncs table = [] {
         NPPluginFuncs functions = {};

@@ -4,23 +4,23 @@
 #include "points.h"
 #include "script_objects.h"
 
+#include <limits>
+
 #include <string.h>
 
 namespace fake {
 
-std::function<void(const Point&)> Point::hook;
+std::function<void(Point&)> Point::hook;
 
-Point::Point(const char* function, Reach reach, NPIdentifier detail)
-    : m_function(function), m_reach(reach), m_detail(detail) {
+Point::Point(const char* function, Reach reach, NPIdentifier detail, int oddities)
+    : m_function(function), m_reach(reach), m_detail(detail), m_oddities(oddities), m_odd(0) {
     static bool inHook = false;
-    if (hook && !inHook && browser().pluginThread == std::this_thread::get_id()) {
+    if (hook && browser().pluginThread == std::this_thread::get_id() && !inHook) {
         inHook = true;
         hook(*this);
         inHook = false;
     }
 }
-
-Point::~Point() = default;
 
 std::string Point::name() const {
     return m_detail ? m_function + ("(" + nameOf(m_detail) + ")") : m_function;
@@ -53,10 +53,53 @@ NPObject* elementOf(NPP handle) {
     return element ? element : browser().element;
 }
 
-bool fail(NPVariant* result) {
+constexpr int ODD_VALUES = 11; ///< ten values, and none
+
+Value oddValue(int number) {
+    switch (number) {
+    case 1:
+        return Value();
+    case 2:
+        return nullptr;
+    case 3:
+        return static_cast<NPObject*>(nullptr);
+    case 4:
+        return browser().bareObject();
+    case 5:
+        return "";
+    case 6:
+        return std::string(100000, 'w');
+    case 7:
+        return std::numeric_limits<int>::min();
+    case 8:
+        return std::numeric_limits<double>::quiet_NaN();
+    case 9:
+        return 1e300;
+    default:
+        return true;
+    }
+}
+
+/// What must not be used: this would crash.
+NPObject* garbage() {
+    return reinterpret_cast<NPObject*>(16);
+}
+
+/// @param found tells whether `result` has a value. @return what the engine returns, perhaps with another value
+bool answer(const Point& point, bool found, NPVariant* result) {
+    if (found && !point.odd()) {
+        return true;
+    }
+    if (found) {
+        releaseValue(result);
+    }
+    if (point.odd() && point.odd() < ODD_VALUES) {
+        oddValue(point.odd()).give(result);
+        return true;
+    }
     VOID_TO_NPVARIANT(*result);
-    if (browser().leavesGarbage) { // what must not be used: this would crash
-        OBJECT_TO_NPVARIANT(reinterpret_cast<NPObject*>(16), *result);
+    if (point.odd() || browser().leavesGarbage) {
+        OBJECT_TO_NPVARIANT(garbage(), *result);
     }
     return false;
 }
@@ -90,24 +133,30 @@ NPError getValue(NPP handle, NPNVariable variable, void* value) {
     EXPECT_PLUGIN_THREAD();
     NPObject* element = elementOf(handle);
     EXPECT_TRUE(variable != NPNVWindowNPObject || browser().window) << "the window of a frame that has gone";
-    const Point point("NPN_GetValue", variable == NPNVWindowNPObject ? Reach::Frame : Reach::Nothing);
-    if (variable != NPNVWindowNPObject && variable != NPNVPluginElementNPObject) {
+    const bool isWindow = variable == NPNVWindowNPObject;
+    const Point point("NPN_GetValue", isWindow ? Reach::Frame : Reach::Nothing, nullptr, 3);
+    if (!isWindow && variable != NPNVPluginElementNPObject) {
         return NPERR_INVALID_PARAM;
     }
-    NPObject* given = variable == NPNVWindowNPObject ? browser().window : element;
-    *static_cast<NPObject**>(value) = browser().objects == Browser::Gives ? retain(given) : nullptr;
-    return browser().objects == Browser::Refuses || !given ? NPERR_GENERIC_ERROR : NPERR_NO_ERROR;
+    NPObject*& given = *static_cast<NPObject**>(value);
+    NPObject* object = isWindow ? browser().window : element;
+    if (point.odd()) {
+        given = point.odd() == 1 ? garbage() : nullptr;
+        return point.odd() == 2 ? NPERR_NO_ERROR : NPERR_GENERIC_ERROR;
+    }
+    given = browser().objects == Browser::Gives ? retain(object) : nullptr;
+    return browser().objects == Browser::Refuses || !object ? NPERR_GENERIC_ERROR : NPERR_NO_ERROR;
 }
 
 NPError setValue(NPP handle, NPPVariable, void*) {
-    const Point point("NPN_SetValue");
+    const Point point("NPN_SetValue", Reach::Nothing, nullptr, 1);
     elementOf(handle);
-    return NPERR_NO_ERROR;
+    return point.odd() ? NPERR_GENERIC_ERROR : NPERR_NO_ERROR;
 }
 
 NPIdentifier stringIdentifier(const NPUTF8* name) {
-    const Point point("NPN_GetStringIdentifier");
-    return identifier(name);
+    const Point point("NPN_GetStringIdentifier", Reach::Nothing, nullptr, 1);
+    return point.odd() ? nullptr : identifier(name);
 }
 
 NPIdentifier intIdentifier(int32_t number) {
@@ -120,19 +169,24 @@ bool isString(NPIdentifier identifier) {
 }
 
 int32_t intOf(NPIdentifier identifier) {
-    return std::stoi(nameOf(identifier).substr(1));
+    const NumberPoint point("NPN_IntFromIdentifier");
+    return point.answer(std::stoi(nameOf(identifier).substr(1)));
 }
 
 NPUTF8* utf8Of(NPIdentifier identifier) {
+    const Point point("NPN_UTF8FromIdentifier", Reach::Nothing, nullptr, 1);
+    if (point.odd() || !identifier) {
+        return nullptr;
+    }
     const std::string& text = nameOf(identifier);
     void* copy = memAlloc(static_cast<uint32_t>(text.size() + 1));
     return static_cast<NPUTF8*>(copy ? memcpy(copy, text.c_str(), text.size() + 1) : nullptr);
 }
 
 NPObject* createObject(NPP handle, NPClass* aClass) {
-    const Point point("NPN_CreateObject");
+    const Point point("NPN_CreateObject", Reach::Nothing, nullptr, 1);
     elementOf(handle);
-    return makeObject(handle, aClass);
+    return point.odd() ? nullptr : makeObject(handle, aClass);
 }
 
 void releaseObject(NPObject* object) {
@@ -154,45 +208,45 @@ bool invoke(NPP handle, NPObject* object, NPIdentifier name, const NPVariant* ar
     if (own && own->methods.count(nameOf(name))) {
         note(own->name + "." + nameOf(name) + textOf(args, count));
     }
-    const Point point("NPN_Invoke", Reach::Frame, name);
-    return (held.object() && callMethod(held.object(), name, args, count, result)) || fail(result);
+    const Point point("NPN_Invoke", Reach::Frame, name, ODD_VALUES);
+    return answer(point, held.object() && callMethod(held.object(), name, args, count, result), result);
 }
 
 bool invokeDefault(NPP handle, NPObject* object, const NPVariant* args, uint32_t count, NPVariant* result) {
     EXPECT_PLUGIN_THREAD();
     elementOf(handle);
     const Held held(object);
-    const Point point("NPN_InvokeDefault", Reach::Frame);
+    const Point point("NPN_InvokeDefault", Reach::Frame, nullptr, ODD_VALUES);
     ScriptObject* own = held.object() ? scriptObject(held.object()) : nullptr;
-    if (!own || !own->call) {
-        return fail(result);
+    const bool isFunction = own && own->call;
+    if (isFunction) {
+        own->call(args, count).give(result);
     }
-    own->call(args, count).give(result);
-    return true;
+    return answer(point, isFunction, result);
 }
 
 bool getProperty(NPP handle, NPObject* object, NPIdentifier name, NPVariant* result) {
     EXPECT_PLUGIN_THREAD();
     elementOf(handle);
     const Held held(object);
-    const Point point("NPN_GetProperty", reachOf(object, name), name);
-    return (held.object() && readProperty(held.object(), name, result)) || fail(result);
+    const Point point("NPN_GetProperty", reachOf(object, name), name, ODD_VALUES);
+    return answer(point, held.object() && readProperty(held.object(), name, result), result);
 }
 
 bool setProperty(NPP handle, NPObject* object, NPIdentifier name, const NPVariant* value) {
     EXPECT_PLUGIN_THREAD();
     elementOf(handle);
     const Held held(object);
-    const Point point("NPN_SetProperty", Reach::Frame, name);
-    return held.object() && writeProperty(held.object(), name, *value);
+    const Point point("NPN_SetProperty", Reach::Frame, name, 1);
+    return !point.odd() && held.object() && writeProperty(held.object(), name, *value);
 }
 
 bool removeProperty(NPP handle, NPObject* object, NPIdentifier name) {
     EXPECT_PLUGIN_THREAD();
     elementOf(handle);
     const Held held(object);
-    const Point point("NPN_RemoveProperty", Reach::Frame, name);
-    ScriptObject* own = held.object() ? scriptObject(held.object()) : nullptr;
+    const Point point("NPN_RemoveProperty", Reach::Frame, name, 1);
+    ScriptObject* own = !point.odd() && held.object() ? scriptObject(held.object()) : nullptr;
     return own && own->properties.erase(nameOf(name)) > 0;
 }
 
@@ -200,10 +254,10 @@ bool evaluate(NPP handle, NPObject* window, NPString* script, NPVariant* result)
     EXPECT_PLUGIN_THREAD();
     elementOf(handle);
     const Held held(window);
-    const Point point("NPN_Evaluate", Reach::Frame);
+    const Point point("NPN_Evaluate", Reach::Frame, nullptr, ODD_VALUES);
     const Value source(std::string(script->UTF8Characters, script->UTF8Length));
-    return (held.object() && callMethod(held.object(), identifier("eval"), &source.variant(), 1, result)) ||
-           fail(result);
+    return answer(point, held.object() && callMethod(held.object(), identifier("eval"), &source.variant(), 1, result),
+                  result);
 }
 
 NPNetscapeFuncs makeTable() {

@@ -75,6 +75,9 @@ std::string text(const NPVariant& value) {
         break;
     }
     NPObject* object = NPVARIANT_TO_OBJECT(value);
+    if (!object) {
+        return "[null]";
+    }
     if (const ScriptObject* own = scriptObject(object)) {
         return "[" + own->name + "]";
     }

@@ -18,7 +18,7 @@ std::mutex journalMutex;
 std::string entries;
 
 template <class... Arguments> int command(const std::string& name, int player, const Arguments&... arguments) {
-    const Point point(name.c_str());
+    const NumberPoint point(name.c_str());
     EXPECT_EQ(browser().pluginThread, std::this_thread::get_id()) << name;
     EXPECT_TRUE(player == -1 || television().players.count(player)) << name << " of a player that is not open";
     if (!television().quiet.count(name)) {
@@ -27,7 +27,7 @@ template <class... Arguments> int command(const std::string& name, int player, c
         note(std::to_string(player) + "." + name + "(" + list + ")");
     }
     // Transport commands fail with 0 only, so success is not 1.
-    return player != -1 && !television().refused.count(name) ? 2 : 0;
+    return point.answer(player != -1 && !television().refused.count(name) ? 2 : 0);
 }
 
 } // namespace
@@ -95,13 +95,14 @@ COMPONENT_COMMAND(UnselectAVAudioComponent, AVAudioComponent*)
 COMPONENT_COMMAND(UnselectAVSubtitleComponent, AVSubtitleComponent*)
 
 int Hbbtv_AL_MediaPlayerOpen(int* player) {
+    const fake::NumberPoint point("Open");
     EXPECT_EQ(-1, *player) << "left as it is when no player can be had";
-    if (television().opens) {
+    if (television().opens && !point.odd()) {
         *player = television().nextHandle++;
         television().players[*player] = {};
         command("Open", *player);
     }
-    return 0;
+    return point.answer(0);
 }
 
 int Hbbtv_AL_MediaPlayerClose(int player) {
@@ -144,24 +145,24 @@ int Hbbtv_AL_MediaPlayerAddResourceCallback(void) {
 }
 
 int64_t Hbbtv_AL_MediaPlayerGetPosition(int) {
-    const fake::Point point("GetPosition");
-    return television().position;
+    const fake::NumberPoint point("GetPosition");
+    return point.answer(television().position);
 }
 
 int Hbbtv_AL_MediaPlayerGetDuration(int) {
-    const fake::Point point("GetDuration");
-    return television().duration;
+    const fake::NumberPoint point("GetDuration");
+    return point.answer(television().duration);
 }
 
 int Hbbtv_AL_MediaPlayerGetSpeed(int) {
-    const fake::Point point("GetSpeed");
-    return television().speedInForce;
+    const fake::NumberPoint point("GetSpeed");
+    return point.answer(television().speedInForce);
 }
 
 int openCommunicationChannel(void* options) {
-    const fake::Point point("openCommunicationChannel");
+    const fake::NumberPoint point("openCommunicationChannel");
     fake::note(options ? "channel(options)" : "channel(null)");
-    return -1;
+    return point.answer(-1);
 }
 
 int adapt_play_state_change(int player, int mediaType, int state) {

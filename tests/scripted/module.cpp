@@ -5,6 +5,10 @@
 
 namespace fake {
 
+PluginBaseClass* pluginBehind(NPP) {
+    return nullptr;
+}
+
 const NPPluginFuncs& pluginFunctions() {
     static NPPluginFuncs table = [] {
         NPPluginFuncs functions = {};

@@ -1,5 +1,7 @@
 #include "page.h"
 
+#include "PluginBaseClass.h"
+
 #include "journal.h"
 #include "script_objects.h"
 
@@ -124,6 +126,21 @@ void Element::paint() {
         int graphicsExpose[24] = {13};
         pluginFunctions().event(m_handle.get(), graphicsExpose);
     }
+}
+
+std::string Element::parameters() {
+    std::string list;
+    for (const auto& [name, value] : m_attributes) {
+        list += "attribute " + name + "=" + value + "\n";
+    }
+    PluginBaseClass* plugin = m_handle ? pluginBehind(m_handle.get()) : nullptr;
+    for (const char* name : {"id", "type", "data", "width", "height", "style", "cache", "loop", "subtitles"}) {
+        char value[HBBTV_PARAM_VALUE_SIZE] = "";
+        if (plugin && plugin->getParam(const_cast<char*>(name), value)) {
+            list += std::string("parameter ") + name + "=" + value + "\n";
+        }
+    }
+    return list;
 }
 
 NPObject* Element::scriptable() {

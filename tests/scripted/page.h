@@ -14,10 +14,15 @@
 #include <string>
 #include <vector>
 
+class PluginBaseClass;
+
 namespace fake {
 
 /** @return what the engine calls: the module's functions, or those of a television's own framework */
 const NPPluginFuncs& pluginFunctions();
+
+/** @return the plug-in behind an instance; null where a framework keeps it to itself */
+PluginBaseClass* pluginBehind(NPP handle);
 
 /** An `<object>` element. The page holds its script object until it goes. */
 class Element {
@@ -42,6 +47,9 @@ public:
 
     bool hasInstance() const { return m_handle != nullptr; }
     ScriptObject* object() { return m_object; }
+
+    /** @return the attributes, and the parameters as the plug-in has them */
+    std::string parameters();
 
     // As script does: text of the value, "(none)" when there is none or the access fails.
     std::string get(const std::string& name);

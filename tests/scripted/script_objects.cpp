@@ -10,7 +10,8 @@ ScriptObject* scriptObject(NPObject* object) {
 }
 
 const std::string& nameOf(NPIdentifier identifier) {
-    return *static_cast<std::string*>(identifier);
+    static const std::string none = "(none)"; // what an engine without memory may give
+    return identifier ? *static_cast<std::string*>(identifier) : none;
 }
 
 void* newBlock(size_t size) {

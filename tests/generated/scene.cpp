@@ -66,3 +66,21 @@ void Scene::dropFrame() {
 void Scene::deliver() {
     for (int i = 0; i < 1000 && browser().deliverOne(); ++i) {}
 }
+
+std::string Scene::future() {
+    std::string seen;
+    for (const std::string& name : propertyNames()) {
+        seen += name + "=" + element().get(name) + "\n";
+    }
+    for (const auto& [name, value] : element().object()->properties) {
+        seen += "own " + name + "=" + fake::text(value) + "\n";
+    }
+    seen += element().parameters();
+    for (const int event : {eMEDIA_CALLBACK_PLAYING, eMEDIA_CALLBACK_POSITION_CHANGED, eMEDIA_CALLBACK_FINISHED,
+                            eMEDIA_CALLBACK_PLAYING, eMEDIA_CALLBACK_FINISHED, eMEDIA_CALLBACK_ERROR}) {
+        report(event);
+        deliver();
+        seen += std::to_string(event) + ": " + fake::happened() + "\n";
+    }
+    return seen;
+}

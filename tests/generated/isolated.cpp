@@ -6,13 +6,13 @@
 #include <deque>
 #include <fstream>
 #include <map>
-#include <sstream>
 
 #include <fcntl.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/mman.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,14 +20,16 @@
 #include <sanitizer/common_interface_defs.h>
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
-    return "handle_sigtrap=1:detect_stack_use_after_return=1:detect_leaks=1:allocator_may_return_null=1";
+    return "handle_sigtrap=1:detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb=8:malloc_context_size=8";
 }
 #endif
 
 namespace {
 
 constexpr size_t CASES_OF_A_PROCESS = 400;
-constexpr unsigned MOST_SECONDS = 20; ///< of one case: more is an endless loop
+// A case that takes longer is an endless loop, or waits for ever.
+constexpr int MOST_SECONDS = 10; ///< of processor time
+constexpr unsigned MOST_SECONDS_WAITING = 600;
 
 struct Range {
     size_t from;
@@ -80,11 +82,11 @@ Finding read(size_t number, int status, const std::string& output) {
             finding.cause = behaviour;
             finding.stack.push_back(behaviour);
         } else if (finding.stack.empty() && line.find(": Failure") != std::string::npos) {
-            finding.stack.push_back("broken rule:");
-            while (std::getline(in, line) && !line.empty() && line[0] != '=') {
-                finding.stack.back() += " " + line;
+            finding.cause.clear();
+            for (int i = 0; i < 5 && std::getline(in, line) && !line.empty() && line[0] != '='; ++i) {
+                finding.cause += i < 3 ? line + " " : "";
+                finding.stack.push_back(line);
             }
-            finding.cause = finding.stack.back();
         } else if (finding.stack.empty() && line.find("ERROR: LeakSanitizer") != std::string::npos) {
             finding.cause = "leak";
             finding.stack.push_back("leak of what was allocated at");
@@ -113,7 +115,9 @@ pid_t start(const Process& process, const std::function<void(size_t)>& run) {
     dup2(file, STDERR_FILENO);
     for (size_t i = process.range.from; i < process.range.to; ++i) {
         *process.current = i;
-        alarm(MOST_SECONDS);
+        const itimerval limit = {{0, 0}, {MOST_SECONDS, 0}};
+        setitimer(ITIMER_PROF, &limit, nullptr);
+        alarm(MOST_SECONDS_WAITING);
         run(i);
     }
     *process.current = process.range.to;
@@ -177,28 +181,4 @@ std::vector<Finding> runIsolated(size_t count, unsigned processes, const std::fu
     }
     munmap(slots, processes * sizeof(size_t));
     return findings;
-}
-
-void printFindings(const std::vector<Finding>& findings, const std::function<std::string(size_t)>& nameOf) {
-    std::map<std::string, std::vector<const Finding*>> byCause;
-    for (const Finding& finding : findings) {
-        byCause[finding.cause].push_back(&finding);
-    }
-    std::vector<const std::vector<const Finding*>*> groups;
-    for (const auto& [cause, group] : byCause) {
-        groups.push_back(&group);
-    }
-    std::stable_sort(groups.begin(), groups.end(), [](auto* a, auto* b) { return a->size() > b->size(); });
-    for (const auto* group : groups) {
-        const Finding& first = *group->front();
-        printf("\n%zu x %s\n", group->size(), first.cause.c_str());
-        for (const Finding* finding : *group) {
-            if (finding - group->front() == 0 || group->size() <= 3) {
-                printf("  %s\n", nameOf(finding->number).c_str());
-            }
-        }
-        for (const std::string& line : first.stack) {
-            printf("    %s\n", line.c_str());
-        }
-    }
 }

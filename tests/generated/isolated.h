@@ -16,7 +16,4 @@ struct Finding {
 /** Runs the cases 0 to `count` - 1 in child processes, several in each as long as all is well. */
 std::vector<Finding> runIsolated(size_t count, unsigned processes, const std::function<void(size_t)>& run);
 
-/** Prints the findings by their causes, the most frequent first. @param nameOf gives the text that repeats a case */
-void printFindings(const std::vector<Finding>& findings, const std::function<std::string(size_t)>& nameOf);
-
 #endif

@@ -43,6 +43,12 @@ public:
     /** Delivers what is queued. */
     void deliver();
 
+    /**
+     * Goes on with the object as an application would, until the next media ends.
+     * @return all that the page sees of it and the player is asked to do, and what the element holds
+     */
+    std::string future();
+
 private:
     std::list<fake::Element> m_elements;
     std::vector<fake::ScriptObject*> m_functions;
@@ -51,7 +57,11 @@ private:
 struct Step {
     std::string name;
     std::function<void(Scene&)> run;
+    bool makesInstance = false; /**< an instance, too, is made of several things, some of which may fail */
 };
+
+/** @return the script properties of the object */
+std::vector<std::string> propertyNames();
 
 /** How the object came to be what it is, each from an empty page. */
 const std::vector<Step>& states();

@@ -124,17 +124,16 @@ void addScriptOperations(std::vector<Step>& all) {
 void addEngineOperations(std::vector<Step>& all) {
     for (const std::string& name : words(ATTRIBUTES)) {
         for (const char* value : {RELATIVE_URL, ABSOLUTE_URL, "7", "video/mp4", "src:a.vtt srclang:deu"}) {
-            all.push_back({"<object " + name + "='" + value + "'>", [=](Scene& scene) {
-                               scene.another({{name, value}}).show();
-                           }});
+            all.push_back({"<object " + name + "='" + value + "'>",
+                           [=](Scene& scene) { scene.another({{name, value}}).show(); }, true});
         }
     }
     for (int event = 0; event <= eMEDIA_CALLBACK_MAX; ++event) {
         all.push_back({"report " + std::to_string(event), [=](Scene& scene) { scene.report(event, 1); }});
     }
     all.push_back({"hide", [](Scene& scene) { scene.element().hide(); }});
-    all.push_back({"show", [](Scene& scene) { scene.element().show(); }});
-    all.push_back({"hide and show", remake});
+    all.push_back({"show", [](Scene& scene) { scene.element().show(); }, true});
+    all.push_back({"hide and show", remake, true});
     all.push_back({"move", [](Scene& scene) { scene.element().layOut(10, 20, 640, 360); }});
     all.push_back({"fill the screen", [](Scene& scene) { scene.element().layOut(0, 0, 1280, 720); }});
     all.push_back({"move and paint", [](Scene& scene) {
@@ -149,6 +148,10 @@ void addEngineOperations(std::vector<Step>& all) {
 }
 
 } // namespace
+
+std::vector<std::string> propertyNames() {
+    return words(std::string(PROPERTIES) + HANDLERS);
+}
 
 const std::vector<Step>& states() {
     static const std::vector<Step> all = {
