@@ -1,3 +1,4 @@
+// The function of media_injection.h.
 #include "media_injection.h"
 
 #include "MediaControlExport.h"

@@ -1,3 +1,4 @@
+// The functions of media_state.h.
 #include "media_state.h"
 
 #include "MediaControlExport.h"

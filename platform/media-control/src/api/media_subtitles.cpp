@@ -1,3 +1,4 @@
+// The function of media_subtitles.h.
 #include "media_subtitles.h"
 
 #include "MediaControlExport.h"

@@ -1,16 +1,16 @@
 #include "trace/MediaTrace.h"
 
-#include "MediaControlExport.h"
-
 #include <atomic>
 #include <chrono>
 
 namespace media {
 namespace {
 
-std::recursive_mutex observerMutex; // guards the two below; a command traces notes of its own
-MediaTraceCallback observer = nullptr;
-void* observerData = nullptr;
+using support::RecursiveLock;
+
+support::RecursiveMutex observerMutex; // recursive: a command that holds it by TraceOrder traces notes of its own
+MediaTraceCallback observer GUARDED_BY(observerMutex) = nullptr;
+void* observerData GUARDED_BY(observerMutex) = nullptr;
 std::atomic<bool> hasObserver{false};
 
 MediaTraceEntry entryOf(MediaTraceKind kind, int player) {
@@ -24,7 +24,7 @@ void trace(MediaTraceEntry& entry) {
     if (!isTraced()) {
         return;
     }
-    const std::lock_guard<std::recursive_mutex> lock(observerMutex);
+    const RecursiveLock lock(observerMutex);
     // With the lock: a report that waited for its command also bears a later time than the command.
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     entry.timeUs = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
@@ -34,6 +34,13 @@ void trace(MediaTraceEntry& entry) {
 }
 
 } // namespace
+
+void setTraceObserver(MediaTraceCallback callback, void* userData) {
+    const RecursiveLock lock(observerMutex);
+    observer = callback;
+    observerData = userData;
+    hasObserver = callback != nullptr;
+}
 
 TraceOrder::TraceOrder() : m_lock(observerMutex) {}
 
@@ -72,10 +79,3 @@ void traceNote(int player, const std::string& text) {
 }
 
 } // namespace media
-
-MEDIA_EXPORT void mediaTraceSetCallback(MediaTraceCallback callback, void* userData) {
-    const std::lock_guard<std::recursive_mutex> lock(media::observerMutex);
-    media::observer = callback;
-    media::observerData = userData;
-    media::hasObserver = callback != nullptr;
-}

@@ -2,12 +2,15 @@
 #ifndef MEDIA_CONTROL_MEDIATRACE_H
 #define MEDIA_CONTROL_MEDIATRACE_H
 
+#include "GuardedMutex.h"
 #include "media_trace.h"
 
-#include <mutex>
 #include <string>
 
 namespace media {
+
+/** As mediaTraceSetCallback. */
+void setTraceObserver(MediaTraceCallback callback, void* userData);
 
 /** While it lives, other threads wait before they trace: a command stands before the reports that it causes. */
 class TraceOrder {
@@ -15,7 +18,7 @@ public:
     TraceOrder();
 
 private:
-    std::lock_guard<std::recursive_mutex> m_lock;
+    support::RecursiveLock m_lock;
 };
 
 /** @return true while an observer is set; without one, callers need not prepare what they would trace */
