@@ -16,11 +16,9 @@ Failure<CommandLineEnd> wrongUsage(const QString& text) {
 }
 
 void addOptions(QCommandLineParser& parser) {
-    for (const CommandLineGroup& group : commandLineGroups()) {
-        for (const CommandLineOption& option : group.options) {
-            parser.addOption(QCommandLineOption(QString::fromLatin1(option.name), QString(),
-                                                QString::fromLatin1(option.value ? option.value : "")));
-        }
+    for (const CommandLineOption& option : commandLineOptions()) {
+        parser.addOption(QCommandLineOption(QString::fromLatin1(option.name), QString(),
+                                            QString::fromLatin1(option.value ? option.value : "")));
     }
 }
 
@@ -29,11 +27,9 @@ QString wantedText(const QCommandLineParser& parser) {
     if (parser.isSet(QStringLiteral("help"))) {
         return commandLineHelp();
     }
-    for (const CommandLineGroup& group : commandLineGroups()) {
-        for (const CommandLineOption& option : group.options) {
-            if (option.choices && parser.value(QString::fromLatin1(option.name)) == QLatin1String("help")) {
-                return option.choices();
-            }
+    for (const CommandLineOption& option : commandLineOptions()) {
+        if (option.choices && parser.value(QString::fromLatin1(option.name)) == QLatin1String("help")) {
+            return option.choices();
         }
     }
     return parser.isSet(QStringLiteral("version")) ? QStringLiteral("tv-browser " TV_BROWSER_VERSION "\n") : QString();
@@ -53,20 +49,18 @@ Result<void, QString> read(const CommandLineOption& option, const QString& value
 
 /** Reads the values of all options that are set. */
 Result<void, QString> readOptions(const QCommandLineParser& parser, CommandLine& line) {
-    for (const CommandLineGroup& group : commandLineGroups()) {
-        for (const CommandLineOption& option : group.options) {
-            const QString name = QString::fromLatin1(option.name);
-            QStringList values = parser.values(name);
-            if (!option.value) {
-                values = parser.isSet(name) ? QStringList(QString()) : QStringList();
-            } else if (!option.isRepeatable) {
-                values = values.mid(values.size() - 1);
-            }
-            for (const QString& value : values) {
-                const auto result = read(option, value, line);
-                if (!result) {
-                    return Failure{QStringLiteral("--%1 %2: %3").arg(name, value, result.reason())};
-                }
+    for (const CommandLineOption& option : commandLineOptions()) {
+        const QString name = QString::fromLatin1(option.name);
+        QStringList values = parser.values(name);
+        if (!option.value) {
+            values = parser.isSet(name) ? QStringList(QString()) : QStringList();
+        } else if (!option.isRepeatable) {
+            values = values.mid(values.size() - 1);
+        }
+        for (const QString& value : values) {
+            const auto result = read(option, value, line);
+            if (!result) {
+                return Failure{QStringLiteral("--%1 %2: %3").arg(name, value, result.reason())};
             }
         }
     }

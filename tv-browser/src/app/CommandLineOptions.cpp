@@ -99,6 +99,54 @@ QString injectionHelp() {
     return text;
 }
 
+constexpr std::array<CommandLineOption, commandLineOptionCount> options = {{
+    {"Run a page", "headless", nullptr,
+     "run without a window; needs no display, and is the default where there is none", &CommandLine::headless},
+    {nullptr, "mount", "NAME=FOLDER", "serve FOLDER under /NAME/ too; may be repeated", readMount, nullptr, true},
+    {nullptr, "keys", "LIST",
+     "press keys once the page is loaded: RIGHT,ENTER,wait:2,DOWN:1.5,F9 waits for two seconds after ENTER and holds "
+     "DOWN; --keys help lists the keys",
+     readKeys, keyHelpText},
+    {nullptr, "screenshot", "FILE",
+     "save the screen as a PNG file; without a window the program then ends, unless --exit-after or --verdict "
+     "is given",
+     &CommandLine::screenshotFile},
+    {nullptr, "after", "SECONDS", "take the screenshot that long after the start (5, or at the verdict)",
+     readScreenshotAfter},
+    {nullptr, "exit-after", "SECONDS", "end the program that long after the start", readExitAfter},
+    {nullptr, "verdict", nullptr,
+     "end the program when document.title is PASS (exit code 0) or starts with FAIL (1), or with 1 at "
+     "--exit-after (60)",
+     &CommandLine::verdict},
+    {"Look into it", "trace", nullptr, "print everything that happens: calls, events, player, requests, keys",
+     &CommandLine::trace},
+    {nullptr, "timeline", "FILE", "write the same for programs, as JSON lines; see docs/timeline.md",
+     &CommandLine::timelineFile},
+    {nullptr, "panel", nullptr, "show the same beside the screen (F9)", &CommandLine::panel},
+    {nullptr, "inspect", nullptr, "open the engine's inspector (F12)", &CommandLine::inspect},
+    {"Break things", "fault", "PATTERN=FAULTS",
+     "break the requests whose address matches the pattern: *.m4s=delay:3000,throttle:50000; plain HTTP only; "
+     "may be repeated; see docs/faults.md",
+     readFault, nullptr, true},
+    {nullptr, "inject", "LIST",
+     "make the player send reports, in seconds after the page is loaded: 5:buffering,8:error=3; --inject help "
+     "lists the reports",
+     readReports, injectionHelp},
+    {"Set up the television", "profile", "FOLDER",
+     "keep cookies and storage in FOLDER; without it they end with the program. A file user-agent in FOLDER "
+     "holds the user agent",
+     &CommandLine::profileFolder},
+    {nullptr, "first-start", nullptr, "remove the profile's cookies and storage first (while it runs: Shift+F7)",
+     &CommandLine::firstStart},
+    {nullptr, "user-agent", "TEXT", "set the user agent of page and media requests", &CommandLine::userAgent},
+    {nullptr, "trust", "FILE", "also accept the certificate of your test server (PEM)", &CommandLine::trustFile},
+    {nullptr, "no-spatial-navigation", nullptr, "do not let the arrow keys move the focus", readNoSpatialNavigation},
+    {nullptr, "plugin-path", "FOLDER", "load npavcontrol.so from FOLDER instead of the program's own folder",
+     &CommandLine::pluginFolder},
+    {"Help", "help", nullptr, "print this text", readNothing},
+    {nullptr, "version", nullptr, "print the version", readNothing},
+}};
+
 /** @return an option's lines of the help, its text wrapped */
 QString helpOf(const CommandLineOption& option) {
     QString line = QStringLiteral("  --") + QLatin1String(option.name);
@@ -119,80 +167,17 @@ QString helpOf(const CommandLineOption& option) {
 
 } // namespace
 
-const std::vector<CommandLineGroup>& commandLineGroups() {
-    static const std::vector<CommandLineGroup> groups = {
-        {"Run a page",
-         {
-             {"headless", nullptr, "run without a window; needs no display, and is the default where there is none",
-              &CommandLine::headless},
-             {"mount", "NAME=FOLDER", "serve FOLDER under /NAME/ too; may be repeated", readMount, nullptr, true},
-             {"keys", "LIST",
-              "press keys once the page is loaded: RIGHT,ENTER,wait:2,DOWN:1.5,F9 waits for two seconds after ENTER "
-              "and "
-              "holds DOWN; --keys help lists the keys",
-              readKeys, keyHelpText},
-             {"screenshot", "FILE",
-              "save the screen as a PNG file; without a window the program then ends, unless --exit-after or --verdict "
-              "is given",
-              &CommandLine::screenshotFile},
-             {"after", "SECONDS", "take the screenshot that long after the start (5, or at the verdict)",
-              readScreenshotAfter},
-             {"exit-after", "SECONDS", "end the program that long after the start", readExitAfter},
-             {"verdict", nullptr,
-              "end the program when document.title is PASS (exit code 0) or starts with FAIL (1), or with 1 at "
-              "--exit-after (60)",
-              &CommandLine::verdict},
-         }},
-        {"Look into it",
-         {
-             {"trace", nullptr, "print everything that happens: calls, events, player, requests, keys",
-              &CommandLine::trace},
-             {"timeline", "FILE", "write the same for programs, as JSON lines; see docs/timeline.md",
-              &CommandLine::timelineFile},
-             {"panel", nullptr, "show the same beside the screen (F9)", &CommandLine::panel},
-             {"inspect", nullptr, "open the engine's inspector (F12)", &CommandLine::inspect},
-         }},
-        {"Break things",
-         {
-             {"fault", "PATTERN=FAULTS",
-              "break the requests whose address matches the pattern: *.m4s=delay:3000,throttle:50000; plain HTTP only; "
-              "may be repeated; see docs/faults.md",
-              readFault, nullptr, true},
-             {"inject", "LIST",
-              "make the player send reports, in seconds after the page is loaded: 5:buffering,8:error=3; --inject help "
-              "lists the reports",
-              readReports, injectionHelp},
-         }},
-        {"Set up the television",
-         {
-             {"profile", "FOLDER",
-              "keep cookies and storage in FOLDER; without it they end with the program. A file user-agent in FOLDER "
-              "holds the user agent",
-              &CommandLine::profileFolder},
-             {"first-start", nullptr, "remove the profile's cookies and storage first (while it runs: Shift+F7)",
-              &CommandLine::firstStart},
-             {"user-agent", "TEXT", "set the user agent of page and media requests", &CommandLine::userAgent},
-             {"trust", "FILE", "also accept the certificate of your test server (PEM)", &CommandLine::trustFile},
-             {"no-spatial-navigation", nullptr, "do not let the arrow keys move the focus", readNoSpatialNavigation},
-             {"plugin-path", "FOLDER", "load npavcontrol.so from FOLDER (../lib/npapi beside the program)",
-              &CommandLine::pluginFolder},
-         }},
-        {"Help",
-         {
-             {"help", nullptr, "print this text", readNothing},
-             {"version", nullptr, "print the version", readNothing},
-         }},
-    };
-    return groups;
+const std::array<CommandLineOption, commandLineOptionCount>& commandLineOptions() {
+    return options;
 }
 
 QString commandLineHelp() {
     QString text = QString::fromLatin1(introduction);
-    for (const CommandLineGroup& group : commandLineGroups()) {
-        text += QStringLiteral("\n%1:\n").arg(QLatin1String(group.title));
-        for (const CommandLineOption& option : group.options) {
-            text += helpOf(option);
+    for (const CommandLineOption& option : options) {
+        if (option.group) {
+            text += QStringLiteral("\n%1:\n").arg(QLatin1String(option.group));
         }
+        text += helpOf(option);
     }
     return text + QString::fromLatin1(conclusion);
 }

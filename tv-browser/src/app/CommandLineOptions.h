@@ -5,8 +5,8 @@
 #include "app/CommandLine.h"
 
 #include <QString>
+#include <array>
 #include <variant>
-#include <vector>
 
 namespace tv {
 
@@ -14,6 +14,7 @@ namespace tv {
 using OptionReader = Result<void, QString> (*)(const QString& value, CommandLine& line);
 
 struct CommandLineOption {
+    const char* group; ///< title of the group that begins with this option; null for an option of the same group
     const char* name;
     const char* value; ///< what the help calls its value; null for an option without one
     const char* help;
@@ -22,13 +23,10 @@ struct CommandLineOption {
     bool isRepeatable = false;      ///< every value is read; of other options only the last one
 };
 
-struct CommandLineGroup {
-    const char* title;
-    std::vector<CommandLineOption> options;
-};
+inline constexpr size_t commandLineOptionCount = 21;
 
 /** @return all options, in the order of the help */
-const std::vector<CommandLineGroup>& commandLineGroups();
+const std::array<CommandLineOption, commandLineOptionCount>& commandLineOptions();
 
 /** @return the text of --help */
 QString commandLineHelp();

@@ -37,7 +37,8 @@ public:
     /** @return file name of the plug-in that the engine would use for `video/mp4`; empty when there is none */
     QString mediaPluginFile();
 
-    /** @return false when the page does not get that key, because the key is in none of the key sets that it has requested */
+    /** @return false when the page does not get that key, because the key is in none of the key sets that it has
+     * requested */
     bool receives(const RemoteKey& key) const { return m_application->receives(key.code, key.keyset); }
 
     /** Sends a key of the remote control to the page, unless the page does not get that key. */

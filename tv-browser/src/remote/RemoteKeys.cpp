@@ -9,7 +9,7 @@ namespace {
 
 constexpr RemoteButton noButton{0, 0, 0, nullptr};
 constexpr int none = Qt::Key_unknown;
-const char* const mediaKeys = "the keyboard's own media keys";
+constexpr const char* mediaKeys = "the keyboard's own media keys";
 
 // In the order of the help.
 constexpr std::array<RemoteKey, remoteKeyCount> keys = {{
