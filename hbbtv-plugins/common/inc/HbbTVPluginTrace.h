@@ -94,7 +94,8 @@ typedef struct HbbTVPluginTraceState {
 typedef struct HbbTVPluginTraceEntry {
     HbbTVPluginTraceKind kind;
     int instance;   /**< number of the object in this process, from 1 */
-    int64_t timeUs; /**< CLOCK_MONOTONIC, microseconds; for calls and events the moment they began */
+    int64_t timeUs; /**< CLOCK_MONOTONIC, microseconds; for calls and events the moment they began; no two are equal
+                         but those of an event and its error, so that entries can be sorted by the time they began */
     union {
         HbbTVPluginTraceCreated created;
         HbbTVPluginTraceProperty property;

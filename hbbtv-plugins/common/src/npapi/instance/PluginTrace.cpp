@@ -34,9 +34,11 @@ bool pluginTraceIsOn() {
 }
 
 int64_t pluginTraceNow() {
+    static int64_t last = 0;
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
+    last = std::max(last + 1, static_cast<int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000);
+    return last;
 }
 
 void pluginTraceEntry(const HbbTVPluginTraceEntry& entry) {

@@ -12,7 +12,7 @@
 /** @return true while an observer is set; the functions that follow are called only then */
 bool pluginTraceIsOn();
 
-/** @return CLOCK_MONOTONIC in microseconds */
+/** @return CLOCK_MONOTONIC in microseconds; later than what it returned before, also within one microsecond */
 int64_t pluginTraceNow();
 
 /** Passes an entry to the observer. */
