@@ -1,4 +1,4 @@
-// Makes one A/V Control object, plays a media with it as a page would, and checks what the page hears.
+// Makes one A/V Control object, plays media with it as a page would, and checks what the page hears.
 #include "engine.h"
 #include "platform.h"
 

@@ -33,7 +33,7 @@ function expectNear(actual, wanted, tolerance, what) {
   }
 }
 
-// An object in the page, with these children, and with the play states that its handler was told in `states`.
+// An object in the page, with these children, and with the play states that its handler received in `states`.
 function newObject(data, type, children) {
   var video = document.createElement('object');
   video.type = type || 'video/mp4';
@@ -74,7 +74,7 @@ function run(steps) {
 }
 
 // A step that waits until a condition holds, at most 20 seconds or as many as said. With `video`, a failure names the
-// states it was told.
+// states it received.
 function until(what, condition, video, seconds) {
   return function(done) {
     var tries = 0;

@@ -32,7 +32,7 @@ protected:
         PlayerTest::SetUpTestSuite();
         folder = fs::temp_directory_path() / ("subtitles-test-" + std::to_string(getpid()));
         fs::create_directories(folder);
-        // The names tell nothing: the content has to.
+        // The names say nothing: the content has to.
         const std::pair<const char*, std::string> files[] = {{"webvtt.srt", WEBVTT},
                                                              {"subrip", SUBRIP},
                                                              {"latin.vtt", LATIN},

@@ -1,4 +1,4 @@
-// The registry of live instances, which tells whether the instance that a player's report names still exists.
+// The registry of live instances: whether the instance that a player's report names still exists.
 #include "HbbTVThreadSafety.h"
 #include "Internals.h"
 #include "Log.h"

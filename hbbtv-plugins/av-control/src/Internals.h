@@ -52,7 +52,7 @@ bool playNow(VideoPlugin& plugin, const NPVariant& url);
 
 // --- calls of the page: afterwards the instance may have been deleted
 
-/** Tells the page of a play state: the listener if there is one, else the handler. */
+/** Notifies the page of a play state: the listener if there is one, else the handler. */
 void notifyPlayState(VideoPlugin& plugin, int state);
 /** Calls a listener with the event object. @param listener ListenerNames_e */
 void callListener(VideoPlugin& plugin, int listener);
@@ -60,7 +60,7 @@ void callListener(VideoPlugin& plugin, int listener);
 void callHandler(VideoPlugin& plugin, int handler, NPVariant argument);
 
 /**
- * Tells whether script that an instance called has deleted it. Lives on the stack around such a call.
+ * Knows whether script that an instance called has deleted it. Lives on the stack around such a call.
  * Plug-in thread only.
  */
 class InstanceGuard {

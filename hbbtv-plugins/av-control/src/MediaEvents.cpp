@@ -26,7 +26,7 @@ void notifyPlayState(VideoPlugin& plugin, int state) {
     }
 }
 
-/// Starts the media again without telling the page, if `loop` asks for it.
+/// Starts the media again without notifying the page, if `loop` asks for it.
 /// @return true when it was started again
 static bool restartForLoop(VideoPlugin& plugin) {
     if (plugin.m_bRepeateUtilNum) {

@@ -56,7 +56,7 @@ bool VideoPlugin::getParam(char* sParamName, char* sParamValue) {
 
 /// Makes a relative address absolute, against the folder of the page.
 /// @param url holds the relative address in LONGEST_PARAMETER + 1 bytes, and receives the absolute one
-/// @param resolved tells whether `url` was changed; a page without a usable address leaves it as it is
+/// @param resolved receives whether `url` was changed; a page without a usable address leaves it as it is
 /// @return false when the absolute address is too long
 static bool resolveAgainstPage(VideoPlugin& plugin, char* url, bool* resolved) {
     *resolved = false;

@@ -60,7 +60,7 @@ static void playWhileRunning(VideoPlugin& plugin, int requested) {
         plugin.SetSpeed(requested);
         return;
     }
-    // So that the paused object keeps telling where it stopped.
+    // So that the paused object goes on reporting where it stopped.
     const int64_t position = Hbbtv_AL_MediaPlayerGetPosition(plugin.m_hPlayer);
     if (position != -1) {
         storeInSlot(&plugin.m_pNpVarProperties[playPosition], intVariant(truncateToInt(static_cast<double>(position))));
@@ -157,7 +157,7 @@ bool VideoPlugin::CheckSeekPos(int pos) {
     return true;
 }
 
-/// Tells the page that the position has stayed where it was.
+/// Notifies the page that the position has stayed where it was.
 static void reportUnmovedPosition(VideoPlugin& plugin) {
     int position = 0;
     if (plugin.m_pNpVarProperties) {

@@ -12,7 +12,7 @@
 
 #include "npapi/npfunctions.h"
 
-/** Which property of the event object tells what happened. */
+/** Which property of the event object says what happened. */
 typedef struct HbbTVListenerProperty {
     const char* listener; /**< type of addEventListener */
     const char* property;

@@ -18,7 +18,7 @@
             name("onSelectedComponentChanged") name("onComponentChanged") name("onParentalRatingChange") name("loop")  \
                 name("cache") name("persist") name("currentTrackIndex") name("fullScreen")
 
-/** The listeners that are kept, each as `listener(type, property)`: what the event object tells by that property. */
+/** The listeners that are kept, each as `listener(type, property)`: what the event object says by that property. */
 #define AVCONTROL_KEPT_LISTENERS(listener)                                                                             \
     listener("PlayStateChange", "state") listener("PlayPositionChanged", "position")                                   \
         listener("PlaySpeedChanged", "speed") listener("SelectedComponentChange", "componentType")

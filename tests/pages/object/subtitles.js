@@ -32,7 +32,7 @@ function active(video) {
   return each(video.getCurrentActiveComponents(video.COMPONENT_TYPE_SUBTITLE), 'language').join(' ');
 }
 
-// The format of a file is told as soon as the file is there. What comes after these is not looked at.
+// The format of a file is known as soon as the file is there. What comes after these is not looked at.
 function isRead(video, encodings) {
   return each(tracks(video), 'encoding').join(' ').indexOf(encodings) === 0;
 }

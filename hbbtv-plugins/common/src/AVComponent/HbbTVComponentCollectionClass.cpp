@@ -12,7 +12,7 @@
 namespace {
 
 constexpr size_t LONGEST_INDEX = 9;  // digits that always fit an int
-constexpr int MOST_COMPONENTS = 256; // of one type; a player that tells more is taken for mistaken
+constexpr int MOST_COMPONENTS = 256; // of one type; a player that reports more is mistaken
 
 NPClass collectionClass;
 NPIdentifier lengthIdentifier;

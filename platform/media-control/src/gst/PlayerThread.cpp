@@ -1,6 +1,5 @@
 #include "gst/PlayerThread.h"
 
-#include <condition_variable>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -12,13 +11,13 @@ namespace {
 using support::Lock;
 
 support::Mutex countMutex;
-std::condition_variable_any countChanged;
+support::Condition countChanged;
 int threadCount GUARDED_BY(countMutex) = 0;
 
 void countThread(int change) {
     const Lock lock(countMutex);
     threadCount += change;
-    countChanged.notify_all();
+    countChanged.notifyAll();
 }
 
 } // namespace
@@ -47,9 +46,8 @@ std::shared_ptr<PlayerThread> PlayerThread::start() {
 }
 
 void PlayerThread::waitForAll(std::chrono::milliseconds limit) {
-    const auto end = std::chrono::steady_clock::now() + limit;
     const Lock lock(countMutex);
-    while (threadCount > 0 && countChanged.wait_until(countMutex, end) == std::cv_status::no_timeout) {}
+    countChanged.waitFor(countMutex, limit, []() REQUIRES(countMutex) { return threadCount == 0; });
 }
 
 void PlayerThread::post(std::function<void()> task) {

@@ -16,8 +16,8 @@ struct ElementRectangle {
  * Asks the page for the rectangle of an instance's element: the position on the screen, frames included, and the size
  * that layout gave it, before any transformation. May run layout, so not to be called while the engine lays out or
  * paints; the instance may be gone afterwards.
- * @param rectangle left as it is when the page does not tell
- * @return false when the page does not tell
+ * @param rectangle left as it is when the page does not report one
+ * @return false when the page does not report one
  */
 bool findElementRectangle(const InstanceRef& instance, ElementRectangle* rectangle);
 

@@ -14,7 +14,7 @@ bool isFullScreen(const InstanceRef& instance) {
     if (!property) {
         return false;
     }
-    // A page may write the property, and play() puts the video back: the size tells where the video is.
+    // A page may write the property, and play() puts the video back: the size says where the video is.
     const ScriptValue value = readPluginProperty(instance, property);
     return (value.isTrue() || isInt(value, 1)) && isInt(readPluginProperty(instance, "width"), HBBTV_SCREEN_WIDTH) &&
            isInt(readPluginProperty(instance, "height"), HBBTV_SCREEN_HEIGHT);
