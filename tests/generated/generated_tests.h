@@ -12,7 +12,7 @@ struct Cases {
     std::function<void(size_t)> run;           /**< fails by an expectation of GoogleTest, or as it likes */
 };
 
-/** @return what tells the place at which it is called from others: `name`, and the stack of the process */
+/** @return what distinguishes the place at which it is called from others: `name`, and the stack of the process */
 std::string placeInSources(const std::string& name);
 
 /** Understands the options that --help names. @param about what a case is. @return the program's exit code */

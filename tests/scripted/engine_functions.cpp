@@ -85,7 +85,7 @@ NPObject* garbage() {
     return reinterpret_cast<NPObject*>(16);
 }
 
-/// @param found tells whether `result` has a value. @return what the engine returns, perhaps with another value
+/// @param found whether `result` has a value. @return what the engine returns, perhaps with another value
 bool answer(const Point& point, bool found, NPVariant* result) {
     if (found && !point.odd()) {
         return true;
