@@ -12,7 +12,7 @@ using skeleton::trace;
 
 namespace {
 
-// The levels of a log line: 2 ordinary, 3 warning, 5 error.
+// Levels of log_is_output: 2 ordinary, 3 warning, 5 error.
 constexpr int WARNING = 3;
 
 __attribute__((format(printf, 2, 0))) int write(const char* cmd, const char* format, va_list arguments) {

@@ -42,7 +42,7 @@ void listsComponents(Trial& trial) {
     has(AV_COMPONENT_TYPE_AUDIO, 2);
     const auto audio = listComponents(trial, player, AV_COMPONENT_TYPE_AUDIO);
     trial.require(audio[0].pid != audio[1].pid, "both audio components have pid " + std::to_string(audio[0].pid),
-                  "a pid of its own");
+                  "a pid of its own for each");
 }
 
 template <size_t SIZE> bool isTerminated(const char (&text)[SIZE]) {

@@ -64,7 +64,7 @@ std::vector<Check> synchronisationChecks() {
     const char* const header = "media_sync_global.h";
     const char* const exist = "sync-functions-exist";
     return {
-        {exist, header, "It receives what a page is notified of.", "the plug-in is not loaded at all",
+        {exist, header, "It receives the events that a page received.", "the plug-in is not loaded at all",
          "Looks each function up by its name.", functionsExist},
         {"sync-takes-reports",
          header,
