@@ -20,7 +20,7 @@
 #include <sanitizer/common_interface_defs.h>
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
-    return "handle_sigtrap=1:detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb=8:malloc_context_size=8";
+    return "symbolize=0:handle_sigtrap=1:handle_abort=1:detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb=8:malloc_context_size=8";
 }
 #endif
 
@@ -42,22 +42,41 @@ struct Process {
     std::string output;
 };
 
-bool isUnderTest(const std::string& line) {
-    return line.find("/hbbtv-plugins/") != std::string::npos;
+bool isUnderTest(const std::string& frame) {
+    return frame.find("/hbbtv-plugins/") != std::string::npos;
 }
 
-bool isScripted(const std::string& line) {
-    return line.find("/tests/scripted/") != std::string::npos;
+bool isScripted(const std::string& frame) {
+    return frame.find("/tests/scripted/") != std::string::npos;
 }
 
-/// @return "VideoPlugin::Play Transport.cpp:7" of "#3 0x55 in VideoPlugin::Play(NPVariant) ../x/Transport.cpp:7"
-std::string frameOf(const std::string& line) {
-    const size_t in = line.find(" in ");
-    if (line.find('#') == std::string::npos || in == std::string::npos) {
-        return {};
+/// @return the frames that a line of a sanitizer's stack stands for, "function /path/file.cpp:7"; several when inlined
+const std::vector<std::string>& framesOf(const std::string& line) {
+    static std::map<unsigned long, std::vector<std::string>> known;
+    static const std::vector<std::string> none;
+    const size_t address = line.find(" 0x");
+    if (line.find("    #") != 0 || address == std::string::npos) {
+        return none;
     }
-    const std::string function = line.substr(in + 4, line.find_first_of("(< ", in + 5) - in - 4);
-    return function + " " + line.substr(line.rfind('/') + 1);
+    const unsigned long counter = strtoul(line.c_str() + address, nullptr, 16);
+    std::vector<std::string>& frames = known[counter];
+#if defined(__SANITIZE_ADDRESS__)
+    if (frames.empty()) {
+        // In this process, which has the same libraries at the same addresses, and each address only once.
+        char text[4000] = "";
+        __sanitizer_symbolize_pc(reinterpret_cast<void*>(counter), "%f %S", text, sizeof text - 1);
+        for (const char* frame = text; *frame; frame += strlen(frame) + 1) {
+            frames.push_back(frame);
+        }
+    }
+#endif
+    return frames;
+}
+
+/// @return "VideoPlugin::Play Transport.cpp:7"
+std::string shortened(const std::string& frame) {
+    const std::string function = frame.substr(0, frame.find_first_of("(< ", 1));
+    return function + " " + frame.substr(frame.rfind('/') + 1);
 }
 
 /// What a sanitizer or the scripted platform has written of the failure.
@@ -91,12 +110,13 @@ Finding read(size_t number, int status, const std::string& output) {
             finding.cause = "leak";
             finding.stack.push_back("leak of what was allocated at");
         }
-        const std::string frame = frameOf(line);
-        if (atStack && frames < 6 && (isUnderTest(line) || (frames == 0 && isScripted(line)))) {
-            finding.stack.push_back("  " + frame);
-            frames += isUnderTest(line) ? 1 : 0;
-            if (frames <= 2) {
-                finding.cause += " | " + frame.substr(0, frame.find(' '));
+        for (const std::string& frame : framesOf(line)) {
+            if (atStack && frames < 6 && (isUnderTest(frame) || (frames == 0 && isScripted(frame)))) {
+                finding.stack.push_back("  " + shortened(frame));
+                frames += isUnderTest(frame) ? 1 : 0;
+                if (frames <= 2) {
+                    finding.cause += " | " + shortened(frame).substr(0, shortened(frame).find(' '));
+                }
             }
         }
         atStack = atStack && (frames == 0 || !line.empty());
@@ -128,10 +148,6 @@ pid_t start(const Process& process, const std::function<void(size_t)>& run) {
 
 std::vector<Finding> runIsolated(size_t count, unsigned processes, const std::function<void(size_t)>& run) {
     GTEST_FLAG_SET(break_on_failure, true);
-#if defined(__SANITIZE_ADDRESS__)
-    char text[256]; // Once here, so that no child reads the symbols again.
-    __sanitizer_symbolize_pc(__builtin_return_address(0), "%p", text, sizeof text);
-#endif
     std::deque<Range> ranges;
     for (size_t from = 0; from < count; from += CASES_OF_A_PROCESS) {
         ranges.push_back({from, std::min(from + CASES_OF_A_PROCESS, count)});

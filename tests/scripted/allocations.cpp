@@ -151,7 +151,7 @@ bool allocationFailsFor(void* caller) {
 
 // A sanitizer allocates before it is ready to check accesses.
 extern "C" __attribute__((no_sanitize("address", "thread", "undefined"))) void* malloc(size_t size) {
-    return fake::allocationFailsFor(CALLER) ? nullptr : NEXT_MALLOC(size);
+    return fake::watching && fake::allocationFailsFor(CALLER) ? nullptr : NEXT_MALLOC(size);
 }
 
 void* operator new(size_t size, const std::nothrow_t&) noexcept {

@@ -12,7 +12,7 @@ namespace {
 
 void* allocate(size_t size, void* caller, const char* symbol) {
     if (fake::allocationFailsFor(caller)) {
-        fputs("ERROR: AddressSanitizer: allocation that may not fail\n", stderr);
+        fputs("ERROR: AddressSanitizer: unchecked-allocation failed\n", stderr); // as a sanitizer begins its report
         abort();
     }
     return reinterpret_cast<void* (*)(size_t)>(dlsym(RTLD_NEXT, symbol))(size);
