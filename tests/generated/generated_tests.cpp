@@ -69,7 +69,8 @@ int runGeneratedTests(int argc, char* argv[], const char* about, const std::func
         i += takesValue;
     }
     if (options.count("--help")) {
-        printf("Usage: %s [--random COUNT [--seed NUMBER]] [--jobs COUNT] [--list | --case TEXT]\n\n%s\n", argv[0], about);
+        printf("Usage: %s [--random COUNT [--seed NUMBER]] [--jobs COUNT] [--list | --case TEXT]\n\n%s\n", argv[0],
+               about);
         return 0;
     }
     testing::InitGoogleTest();

@@ -20,7 +20,8 @@
 #include <sanitizer/common_interface_defs.h>
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() {
-    return "symbolize=0:handle_sigtrap=1:handle_abort=1:detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb=8:malloc_context_size=8";
+    return "symbolize=0:handle_sigtrap=1:handle_abort=1:detect_leaks=1:allocator_may_return_null=1:quarantine_size_mb="
+           "8:malloc_context_size=8";
 }
 #endif
 

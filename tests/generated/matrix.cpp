@@ -75,11 +75,10 @@ std::vector<Case> allCases() {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    return runGeneratedTests(argc, argv,
-                             "A case: state / operation / number and name of the platform's call / what the page does.",
-                             [] {
-                                 const auto cases = std::make_shared<std::vector<Case>>(allCases());
-                                 return Cases{cases->size(), [=](size_t i) { return nameOf((*cases)[i]); },
-                                              [=](size_t i) { run((*cases)[i]); }};
-                             });
+    return runGeneratedTests(
+        argc, argv, "A case: state / operation / number and name of the platform's call / what the page does.", [] {
+            const auto cases = std::make_shared<std::vector<Case>>(allCases());
+            return Cases{cases->size(), [=](size_t i) { return nameOf((*cases)[i]); },
+                         [=](size_t i) { run((*cases)[i]); }};
+        });
 }

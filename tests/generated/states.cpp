@@ -125,7 +125,10 @@ void addEngineOperations(std::vector<Step>& all) {
     for (const std::string& name : words(ATTRIBUTES)) {
         for (const char* value : {RELATIVE_URL, ABSOLUTE_URL, "7", "video/mp4", "src:a.vtt srclang:deu"}) {
             all.push_back({"<object " + name + "='" + value + "'>",
-                           [=](Scene& scene) { scene.another({{name, value}}).show(); }, true});
+                           [=](Scene& scene) {
+                               scene.another({{name, value}}).show();
+                           },
+                           true});
         }
     }
     for (int event = 0; event <= eMEDIA_CALLBACK_MAX; ++event) {

@@ -13,8 +13,9 @@ namespace {
 constexpr double MAX_PIXELS = 1920.0 * 1080.0;
 
 // First the size, with letterbox, then the colours: each has a fast path, which one element for both has not. The sink
-// drops frames that come more than 20 ms late.
-constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter name=filter ! "
+// drops frames that come more than 20 ms late. The filter changes its caps with the next frame: at once, a frame of the
+// former size that is on its way would end the playback.
+constexpr const char* DESCRIPTION = "videoscale add-borders=true ! capsfilter name=filter caps-change-mode=delayed ! "
                                     "videoconvert ! video/x-raw,format=BGRx ! "
                                     "appsink name=sink max-buffers=1 drop=true qos=true max-lateness=20000000";
 
