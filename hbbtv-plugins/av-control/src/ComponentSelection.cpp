@@ -23,7 +23,7 @@ static bool findComponent(const NPVariant& npComponent, ScriptComponent* compone
     }
     NPObject* object = NPVARIANT_TO_OBJECT(npComponent);
     const NPObjectHbbTV* record = reinterpret_cast<const NPObjectHbbTV*>(object);
-    // A script object of the page is shorter than the record: its class is looked at before anything else is read.
+    // A script object of the page is shorter than the record: its class decides before anything else is read.
     if (!HbbTVBaseClass::isFrameworkObject(object) || record->typeNPObject < NPOBJECT_AUDIO_COMPONENT_CLASS ||
         record->typeNPObject > NPOBJECT_SUBTITLE_COMPONENT_CLASS) {
         LOG_ERROR("%s\n", "Wrong object type !");
@@ -103,5 +103,5 @@ void VideoPlugin::UnSelectDefaultComponent(NPVariant componentType) {
 
 void VideoPlugin::onSelectedComponentChangedFun(int type) {
     LOG("type = %d\n\n", type);
-    callHandler(*this, onSelectedComponentChanged, intVariant(type));
+    static_cast<void>(callHandler(*this, onSelectedComponentChanged, intVariant(type)));
 }

@@ -6,32 +6,53 @@
 
 #include "HbbTVPluginHelpers.h"
 
-static bool readDocument(NPP instance, NPVariant* document) {
-    NPObject* window = nullptr;
-    if (NPN_GetValue(instance, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
-        LOG_ERROR("The browser gives no window: no DOM event is raised\n");
-        return false;
-    }
-    const bool found = NPN_GetProperty(instance, window, NPN_GetStringIdentifier("document"), document);
-    NPN_ReleaseObject(window);
-    if (!found) {
-        LOG_ERROR("The window has no document: no DOM event is raised\n");
-    }
-    return found;
-}
+namespace {
 
-/// Calls `object.method(args)`, where `object` came from the page. @return true when `result` is to be released
-static bool callMethod(NPP instance, const NPVariant& object, const char* method, const NPVariant* args, uint32_t count,
-                       NPVariant* result) {
-    if (!NPVARIANT_IS_OBJECT(object) || !NPVARIANT_TO_OBJECT(object)) {
-        LOG_ERROR("Nothing to call %s on: no DOM event is raised\n", method);
-        return false;
+/// What the page is asked for while the object lives: each question may end it.
+class Page {
+public:
+    explicit Page(VideoPlugin& plugin) : m_guard(&plugin), m_instance(*plugin.getNPP()) {}
+
+    /// @return false after a log line; else the caller releases `document`
+    bool readDocument(NPVariant* document) const {
+        NPObject* window = nullptr;
+        if (NPN_GetValue(m_instance, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
+            LOG_ERROR("The browser gives no window: no DOM event is raised\n");
+            return false;
+        }
+        const bool found =
+            m_guard.alive() && NPN_GetProperty(m_instance, window, NPN_GetStringIdentifier("document"), document);
+        NPN_ReleaseObject(window);
+        if (!found) {
+            LOG_ERROR("The window has no document: no DOM event is raised\n");
+        }
+        return found;
     }
-    return NPN_Invoke(instance, NPVARIANT_TO_OBJECT(object), NPN_GetStringIdentifier(method), args, count, result);
-}
+
+    /// Calls `object.method(args)`. @return true when the caller is to release `result`
+    bool call(NPObject* object, const char* method, const NPVariant* args, uint32_t count, NPVariant* result) const {
+        return m_guard.alive() && NPN_Invoke(m_instance, object, NPN_GetStringIdentifier(method), args, count, result);
+    }
+
+    /// As call(), where `object` came from the page.
+    bool callOn(const NPVariant& object, const char* method, const NPVariant* args, uint32_t count,
+                NPVariant* result) const {
+        if (!isObject(object)) {
+            LOG_ERROR("Nothing to call %s on: no DOM event is raised\n", method);
+            return false;
+        }
+        return call(NPVARIANT_TO_OBJECT(object), method, args, count, result);
+    }
+
+private:
+    InstanceGuard m_guard;
+    NPP m_instance;
+};
+
+} // namespace
 
 /// @return false without memory for the event's type
-static bool initEvent(NPP instance, const NPVariant& event, int EventType) {
+static bool initEvent(const Page& page, const NPVariant& event, int EventType) {
     NPVariant arguments[3] = {nullVariant(), nullVariant(), nullVariant()};
     LOG(" FROM : VideoPlugin::dispatchDomEvent ### EventType %s\n\n", psDOMEventNames[EventType]);
     LOG("FROM : VideoPlugin::dispatchDomEvent ### Forced : \n");
@@ -42,23 +63,23 @@ static bool initEvent(NPP instance, const NPVariant& event, int EventType) {
     arguments[1] = boolVariant(false);
     arguments[2] = boolVariant(false);
     NPVariant result = voidVariant();
-    if (callMethod(instance, event, "initEvent", arguments, 3, &result)) {
-        NPN_ReleaseVariantValue(&result);
+    if (page.callOn(event, "initEvent", arguments, 3, &result)) {
+        releaseAnswer(&result);
     }
     releaseHeldValue(arguments[0]);
     return true;
 }
 
-static void dispatchEvent(NPP instance, const NPVariant& event, NPObject* target) {
+static void dispatchEvent(const Page& page, const NPVariant& event, NPObject* target) {
     NPVariant result = voidVariant();
-    const bool called = NPN_Invoke(instance, target, NPN_GetStringIdentifier("dispatchEvent"), &event, 1, &result);
+    const bool called = page.call(target, "dispatchEvent", &event, 1, &result);
     if (called && NPVARIANT_IS_BOOLEAN(result) && !NPVARIANT_TO_BOOLEAN(result)) {
         LOG("canceled\n\n");
     } else {
         LOG("not canceled\n\n");
     }
     if (called) {
-        NPN_ReleaseVariantValue(&result);
+        releaseAnswer(&result);
     }
 }
 
@@ -67,26 +88,25 @@ bool VideoPlugin::DispatchDomEvent(int EventType, NPObject* obj) {
         LOG_ERROR("DOM event %d on object %p refused\n", EventType, static_cast<void*>(obj));
         return true;
     }
-    // A copy: the page's event handlers may delete this object.
-    const NPP instance = m_pNPInstance;
+    const Page page(*this);
     NPVariant document = voidVariant();
-    if (!readDocument(instance, &document)) {
+    if (!page.readDocument(&document)) {
         return true;
     }
     const NPVariant eventClass = stringVariant("HTMLEvents");
     NPVariant event = voidVariant();
-    const bool created = callMethod(instance, document, "createEvent", &eventClass, 1, &event);
-    if (created && NPVARIANT_IS_OBJECT(event) && NPVARIANT_TO_OBJECT(event)) {
-        if (initEvent(instance, event, EventType)) {
-            dispatchEvent(instance, event, obj);
+    const bool created = page.callOn(document, "createEvent", &eventClass, 1, &event);
+    if (created && isObject(event)) {
+        if (initEvent(page, event, EventType)) {
+            dispatchEvent(page, event, obj);
         }
     } else {
         LOG_ERROR("The document makes no event: no DOM event is raised\n");
     }
     if (created) {
-        NPN_ReleaseVariantValue(&event);
+        releaseAnswer(&event);
     }
-    NPN_ReleaseVariantValue(&document);
+    releaseAnswer(&document);
     return true;
 }
 

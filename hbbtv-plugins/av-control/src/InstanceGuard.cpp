@@ -1,4 +1,4 @@
-#include "Internals.h"
+#include "InstanceGuard.h"
 
 InstanceGuard* InstanceGuard::s_innermost = nullptr;
 

@@ -2,9 +2,13 @@
 #ifndef AVCONTROL_INTERNALS_H
 #define AVCONTROL_INTERNALS_H
 
+#include "InstanceGuard.h"
 #include "VideoPlugin.h"
 
 #include "medialib.h"
+
+class DataMemory;
+class Notifications;
 
 // Longest texts that the plug-in takes, in bytes without the terminating zero.
 constexpr unsigned LONGEST_SIZE_TEXT = 7;    /**< `width` and `height` written by script */
@@ -33,52 +37,53 @@ void storeInstanceHandle(VideoPlugin* handle, NPP instance);
 void MediaPlayerVideoPluginWrapper(unsigned int playerId, eMEDIA_CALLBACK_EVENT event, int code, void* callbackBlock,
                                    void* userData);
 /** Queues a play-state notification for a later turn. @param handle the VideoPlugin */
-void AVControlPlayStateChange(void* handle, int state);
+void AVControlPlayStateChange(void* handle, int state, Notifications* notifications);
 /** Queues a position notification for a later turn. @param handle the VideoPlugin. @param pos milliseconds */
-void AVControlPositionChanged(void* handle, int pos);
+void AVControlPositionChanged(void* handle, int pos, Notifications* notifications);
 
 // --- play state
 
 /** @return the play state in its slot, or NO_PLAY_STATE */
 int currentPlayState(const VideoPlugin& plugin);
 
-// --- media queue
+/** Stores a play state and queues its notification. @return Done, or Gone */
+Outcome enterState(VideoPlugin& plugin, int state, Notifications* notifications);
+
+// --- playback
+
+/** How many notifications startPlayback() may queue. */
+constexpr int MOST_PLAY_NOTIFICATIONS = 2;
+
+/** What Play does. @param speed 0 pauses. @return Done, or Gone */
+Outcome startPlayback(VideoPlugin& plugin, int speed, Notifications* notifications);
+
+/** @return true for an address that is to be resolved against the page's */
+bool isRelativeAddress(const char* address);
+
+/** @return true for a `data` that is loaded when it is written */
+bool isLoadableAddress(const NPVariant& value);
+
+/** Takes what playNow() needs. @param url a String. @return false after an error line */
+[[nodiscard]] bool takeToPlayNow(const VideoPlugin& plugin, const NPVariant& url, DataMemory* memory);
 
 /**
  * Makes an address the new media and starts it.
- * @return false when the address is one that `data` refuses whole: nothing is then started
+ * @param url a String
+ * @return Refused when `data` refuses the address: nothing is then started
  */
-bool playNow(VideoPlugin& plugin, const NPVariant& url);
+Outcome playNow(VideoPlugin& plugin, const NPVariant& url, DataMemory* memory);
 
-// --- calls of the page: afterwards the instance may have been deleted
+// --- calls of the page; all return Done or Gone
 
+/** Stores a play state and notifies the page of it. */
+Outcome changeState(VideoPlugin& plugin, int state);
 /** Notifies the page of a play state: the listener if there is one, else the handler. */
-void notifyPlayState(VideoPlugin& plugin, int state);
+Outcome notifyPlayState(VideoPlugin& plugin, int state);
 /** Calls a listener with the event object. @param listener ListenerNames_e */
-void callListener(VideoPlugin& plugin, int listener);
-/** Calls a handler property with one value. @param handler PropertyNames_e */
-void callHandler(VideoPlugin& plugin, int handler, NPVariant argument);
-
-/**
- * Knows whether script that an instance called has deleted it. Lives on the stack around such a call.
- * Plug-in thread only.
- */
-class InstanceGuard {
-public:
-    explicit InstanceGuard(VideoPlugin* instance);
-    ~InstanceGuard();
-    InstanceGuard(const InstanceGuard&) = delete;
-    InstanceGuard& operator=(const InstanceGuard&) = delete;
-
-    bool alive() const { return m_instance != nullptr; }
-
-    /** The instance's destructor runs. */
-    static void instanceDeleted(const VideoPlugin* instance);
-
-private:
-    VideoPlugin* m_instance;
-    InstanceGuard* m_outer;
-    static InstanceGuard* s_innermost;
-};
+Outcome callListener(VideoPlugin& plugin, int listener);
+/** Calls a handler property. @param handler PropertyNames_e. @param args the caller's */
+Outcome callHandler(VideoPlugin& plugin, int handler, NPVariant* args, int arg_cnt);
+/** Calls a handler property with one value. */
+Outcome callHandler(VideoPlugin& plugin, int handler, NPVariant argument);
 
 #endif

@@ -1,4 +1,5 @@
 // Description, construction, initialisation and destruction of an instance.
+#include "InstanceGuard.h"
 #include "Internals.h"
 #include "Log.h"
 #include "ScriptNames.h"
@@ -68,8 +69,9 @@ bool VideoPlugin::initialize(NPMIMEType /*pluginType*/, NPP instance, uint16_t /
 
 /// A String slot without memory starts as Null.
 static void setInitialText(NPVariant* slot, const char* text) {
-    *slot = nullVariant();
-    storeInSlot(slot, stringVariant(text));
+    if (!HbbTVBaseClass::makeString(text, slot)) {
+        *slot = nullVariant();
+    }
 }
 
 static void setInitialValues(NPVariant* slots) {
@@ -108,8 +110,8 @@ void VideoPlugin::Allocate() {
     identify(pcFunctions, FUNCTION_COUNT, piFunctions);
     LOG("Functions identified!\n\n");
     m_ppsParamValues = new (std::nothrow) char*[PARAM_COUNT]();
-    m_pNpVarProperties = new (std::nothrow) NPVariant[PROPERTY_COUNT];
-    m_pNpVarListeners = new (std::nothrow) NPVariant[LISTENER_COUNT];
+    m_pNpVarProperties = new (std::nothrow) NPVariant[PROPERTY_COUNT]();
+    m_pNpVarListeners = new (std::nothrow) NPVariant[LISTENER_COUNT]();
     if (!m_ppsParamValues || !m_pNpVarProperties || !m_pNpVarListeners) {
         LOG_ERROR("No memory for the script state: the object answers nothing\n");
         delete[] m_ppsParamValues;
@@ -137,18 +139,25 @@ void VideoPlugin::Allocate() {
     LOG("Allocation over!\n\n");
 }
 
-/// Releases the values of an array of slots and the array.
-static void releaseSlots(NPVariant* slots, int count) {
+/// Releases an array of slots and their values. The instance has none any more: script may run.
+static void releaseSlots(NPVariant** owned, int count) {
+    NPVariant* const slots = *owned;
+    *owned = nullptr;
     for (int i = 0; i < count; ++i) {
-        if (NPVARIANT_IS_OBJECT(slots[i])) {
-            if (NPVARIANT_TO_OBJECT(slots[i])) {
-                NPN_ReleaseObject(NPVARIANT_TO_OBJECT(slots[i]));
-            }
+        if (isObject(slots[i])) {
+            NPN_ReleaseObject(NPVARIANT_TO_OBJECT(slots[i]));
         } else if (NPVARIANT_IS_STRING(slots[i])) {
             NPN_ReleaseVariantValue(&slots[i]);
         }
     }
     delete[] slots;
+}
+
+/// Deletes what an instance owns. The instance has it no more: script may run.
+template <class Owned> static void deleteOwned(Owned** owned) {
+    Owned* const going = *owned;
+    *owned = nullptr;
+    delete going;
 }
 
 VideoPlugin::~VideoPlugin() {
@@ -165,13 +174,11 @@ VideoPlugin::~VideoPlugin() {
         m_hPlayer = NO_PLAYER;
     }
     if (m_pNpVarProperties) {
-        releaseSlots(m_pNpVarProperties, PROPERTY_COUNT);
-        m_pNpVarProperties = nullptr;
+        releaseSlots(&m_pNpVarProperties, PROPERTY_COUNT);
         LOG("m_pNpVarProperties released!\n\n");
     }
     if (m_pNpVarListeners) {
-        releaseSlots(m_pNpVarListeners, LISTENER_COUNT);
-        m_pNpVarListeners = nullptr;
+        releaseSlots(&m_pNpVarListeners, LISTENER_COUNT);
     }
     if (m_ppsParamValues) {
         for (int i = 0; i < PARAM_COUNT; ++i) {
@@ -181,11 +188,13 @@ VideoPlugin::~VideoPlugin() {
             }
         }
         delete[] m_ppsParamValues;
+        m_ppsParamValues = nullptr;
     }
     LOG("m_ppsParamValues freed!\n\n");
-    delete m_DOMEventClass;
-    delete m_pComponentCollectionHolder;
+    deleteOwned(&m_DOMEventClass);
+    deleteOwned(&m_pComponentCollectionHolder);
     delete[] m_bPropertySetUsingAddEventListener;
+    m_bPropertySetUsingAddEventListener = nullptr;
     deleteHandleFromList(this);
     LOG("cehtml VideoPlugin delete Finished !!!\n\n");
 }

@@ -1,7 +1,7 @@
 // What a player's report does to the object and what the page hears of it.
 #include "Internals.h"
 #include "Log.h"
-#include "ScriptNames.h"
+#include "OperationMemory.h"
 #include "Slots.h"
 
 #include "HbbTVClasses/HbbTVAVControlDOMEventClass.h"
@@ -15,49 +15,58 @@ static void setEventNumber(VideoPlugin& plugin, const char* name, int number) {
     }
 }
 
-void notifyPlayState(VideoPlugin& plugin, int state) {
+Outcome notifyPlayState(VideoPlugin& plugin, int state) {
     if (plugin.GetIsPropertySetFromListener(PlayStateChange)) {
         setEventNumber(plugin, "state", state);
         LOG("PLAY_STATE_CHANGED GetIsPropertySetFromListener ok\n\n");
-        callListener(plugin, PlayStateChange);
-    } else {
-        LOG("PLAY_STATE_CHANGED GetIsPropertySetFromListener not ok\n\n");
-        callHandler(plugin, onPlayStateChange, intVariant(state));
+        return callListener(plugin, PlayStateChange);
     }
+    LOG("PLAY_STATE_CHANGED GetIsPropertySetFromListener not ok\n\n");
+    return callHandler(plugin, onPlayStateChange, intVariant(state));
 }
 
-/// Starts the media again without notifying the page, if `loop` asks for it.
-/// @return true when it was started again
-static bool restartForLoop(VideoPlugin& plugin) {
-    if (plugin.m_bRepeateUtilNum) {
-        plugin.SetPlayState(MP_FINISHED);
+Outcome changeState(VideoPlugin& plugin, int state) {
+    const Outcome outcome = guarded(plugin, [&] { plugin.SetPlayState(state); });
+    return outcome == Outcome::Done ? notifyPlayState(plugin, state) : outcome;
+}
+
+/// Starts the media again without a notification, if `loop` says so.
+/// @param restarted receives whether it was
+static Outcome restartForLoop(VideoPlugin& plugin, bool* restarted) {
+    *restarted = false;
+    const bool isCounted = plugin.m_bRepeateUtilNum;
+    if (!isCounted && !plugin.m_bRepeateUntilStop) {
+        return Outcome::Done;
+    }
+    if (guarded(plugin, [&] { plugin.SetPlayState(MP_FINISHED); }) == Outcome::Gone) {
+        return Outcome::Gone;
+    }
+    if (isCounted) {
         if (plugin.m_nRepeateNum > INT32_MIN) {
             --plugin.m_nRepeateNum;
         }
         if (plugin.m_nRepeateNum < 1) {
             plugin.m_bRepeateUtilNum = false;
-            return false;
+            return Outcome::Done;
         }
-    } else if (plugin.m_bRepeateUntilStop) {
-        plugin.SetPlayState(MP_FINISHED);
-    } else {
-        return false;
     }
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
     Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0);
-    return true;
+    *restarted = true;
+    return Outcome::Done;
 }
 
-/// @return true when the queued media was started
+/// Reports the end of the media and starts the queued one.
+/// @return true when that was started
 static bool playQueued(VideoPlugin& plugin) {
-    const InstanceGuard guard(&plugin);
-    plugin.SetPlayState(MP_FINISHED);
-    notifyPlayState(plugin, MP_FINISHED);
-    // The page has just run: it may have deleted the object, or emptied the queue by stop() or queue(null).
-    if (!guard.alive()) {
+    // The page may delete the object, or empty the queue by stop() or queue(null).
+    if (changeState(plugin, MP_FINISHED) == Outcome::Gone) {
         return false;
     }
-    if (!plugin.m_bUrlIsQueued) {
+    const NPVariant url = stringVariant(plugin.m_acQueuedUrlBuffer);
+    DataMemory memory;
+    if (!plugin.m_bUrlIsQueued || !takeToPlayNow(plugin, url, &memory)) {
+        // Without memory it stays queued.
         if (currentPlayState(plugin) == MP_FINISHED) {
             Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
         }
@@ -65,9 +74,9 @@ static bool playQueued(VideoPlugin& plugin) {
     }
     LOG("FROM : callback ### URL IS QUEUED !!!\n\n");
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
-    const NPVariant url = stringVariant(plugin.m_acQueuedUrlBuffer);
-    playNow(plugin, url);
-    plugin.m_bUrlIsQueued = false;
+    if (playNow(plugin, url, &memory) != Outcome::Gone) {
+        plugin.m_bUrlIsQueued = false;
+    }
     return true;
 }
 
@@ -75,15 +84,15 @@ static bool playQueued(VideoPlugin& plugin) {
 static bool finishMedia(VideoPlugin& plugin) {
     LOG("m_bRepeateUtilNum = %d,m_nRepeateNum=%d,m_bRepeateUntilStop = %d\n\n", plugin.m_bRepeateUtilNum,
         plugin.m_nRepeateNum, plugin.m_bRepeateUntilStop);
-    if (restartForLoop(plugin)) {
+    bool restarted = false;
+    if (restartForLoop(plugin, &restarted) == Outcome::Gone || restarted) {
         return false;
     }
     if (plugin.m_bUrlIsQueued) {
         return playQueued(plugin);
     }
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
-    plugin.SetPlayState(MP_FINISHED);
-    notifyPlayState(plugin, MP_FINISHED);
+    static_cast<void>(changeState(plugin, MP_FINISHED));
     return false;
 }
 
@@ -103,54 +112,60 @@ static double reportedPosition(VideoPlugin& plugin, int state) {
     return position;
 }
 
-static void notifyPosition(VideoPlugin& plugin, int state) {
+static Outcome notifyPosition(VideoPlugin& plugin, int state) {
     const double position = reportedPosition(plugin, state);
     if (plugin.GetIsPropertySetFromListener(PlayPositionChanged)) {
         if (HbbTVAVControlDOMEventClass* event = plugin.getDOMEventClass()) {
             event->setAVControlDOMEventPropertyDouble("position", position);
         }
         LOG("PLAY_POSITION_CHANGED getIsPropertySetFromListener ok\n\n");
-        callListener(plugin, PlayPositionChanged);
-    } else {
-        LOG("PLAY_POSITION_CHANGED getIsPropertySetFromListener not ok\n\n");
-        callHandler(plugin, onPlayPositionChanged, doubleVariant(position));
+        return callListener(plugin, PlayPositionChanged);
     }
+    LOG("PLAY_POSITION_CHANGED getIsPropertySetFromListener not ok\n\n");
+    return callHandler(plugin, onPlayPositionChanged, doubleVariant(position));
 }
 
-static void notifySpeed(VideoPlugin& plugin) {
+static Outcome notifySpeed(VideoPlugin& plugin) {
     const int curSpeed = Hbbtv_AL_MediaPlayerGetSpeed(plugin.m_hPlayer);
     plugin.SetSpeed(curSpeed);
     if (plugin.GetIsPropertySetFromListener(PlaySpeedChanged)) {
         setEventNumber(plugin, "speed", curSpeed);
-        callListener(plugin, PlaySpeedChanged);
-    } else {
-        callHandler(plugin, onPlaySpeedChanged, intVariant(curSpeed));
+        return callListener(plugin, PlaySpeedChanged);
     }
+    return callHandler(plugin, onPlaySpeedChanged, intVariant(curSpeed));
 }
 
-static void notifyComponent(VideoPlugin& plugin, int componentType) {
+static Outcome notifyComponent(VideoPlugin& plugin, int componentType) {
     LOG("componentType = %d\n", componentType);
     if (plugin.GetIsPropertySetFromListener(SelectedComponentChange)) {
         setEventNumber(plugin, "componentType", componentType);
-        callListener(plugin, SelectedComponentChange);
-    } else {
-        callHandler(plugin, onSelectedComponentChanged, intVariant(componentType));
+        return callListener(plugin, SelectedComponentChange);
     }
+    return callHandler(plugin, onSelectedComponentChanged, intVariant(componentType));
 }
 
-static void notifyParentalRating(VideoPlugin& plugin, int blocked) {
+static Outcome notifyParentalRating(VideoPlugin& plugin, int blocked) {
     LOG("blocked = %d\n", blocked);
     NPVariant arguments[4] = {nullVariant(), nullVariant(), nullVariant(), boolVariant(blocked != 0)};
-    plugin.ExecutePropertyJSFunctionArgs(onParentalRatingChange, arguments, 4, false);
+    return callHandler(plugin, onParentalRatingChange, arguments, 4);
 }
 
-static void notifyRightsError(VideoPlugin& plugin, int errorState) {
+static Outcome notifyRightsError(VideoPlugin& plugin, int errorState) {
     LOG("errorstate = %d\n", errorState);
     NPVariant arguments[4] = {intVariant(errorState), nullVariant(), nullVariant(), nullVariant()};
-    plugin.ExecutePropertyJSFunctionArgs(onDRMRightsError, arguments, 4, false);
+    return callHandler(plugin, onDRMRightsError, arguments, 4);
 }
 
-// NOLINTNEXTLINE(readability-function-size): a table of the player's reports
+static Outcome fail(VideoPlugin& plugin, int code) {
+    if (guarded(plugin, [&] { plugin.SetPlayState(MP_ERROR); }) == Outcome::Gone) {
+        return Outcome::Gone;
+    }
+    plugin.SetError(code);
+    plugin.SetSpeed(0.0);
+    Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
+    return notifyPlayState(plugin, MP_ERROR);
+}
+
 void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
     if (!m_pNpVarProperties) {
         LOG_ERROR("Report %d of the player comes before initialize: it is dropped\n", event);
@@ -159,6 +174,7 @@ void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
     LOG("!!!MediaCallback called!!!\n");
     const int state = currentPlayState(*this);
     LOG("MediaCallback nEvent = %d, eEventCode:%d\n\n", event, code);
+    Outcome outcome = Outcome::Done;
     switch (event) {
     case eMEDIA_CALLBACK_STOPPED:
         LOG("eMEDIA_CALLBACK_STOPPED\n\n");
@@ -169,8 +185,7 @@ void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
             LOG("current playstate is PLAYING ,so return \n");
             return;
         }
-        SetPlayState(MP_PLAYING);
-        notifyPlayState(*this, MP_PLAYING);
+        outcome = changeState(*this, MP_PLAYING);
         break;
     case eMEDIA_CALLBACK_PAUSED:
         LOG("eMEDIA_CALLBACK_PAUSED\n\n");
@@ -184,8 +199,7 @@ void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
             LOG("current playstate is BUFFERING or %d ,so return \n", state);
             return;
         }
-        SetPlayState(MP_BUFFERING);
-        notifyPlayState(*this, MP_BUFFERING);
+        outcome = changeState(*this, MP_BUFFERING);
         break;
     case eMEDIA_CALLBACK_FINISHED:
         LOG("eMEDIA_CALLBACK_FINISHED\n\n");
@@ -199,11 +213,11 @@ void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
         break;
     case eMEDIA_CALLBACK_POSITION_CHANGED:
         LOG("eMEDIA_CALLBACK_POSITION_CHANGED\n\n");
-        notifyPosition(*this, state);
+        outcome = notifyPosition(*this, state);
         break;
     case eMEDIA_CALLBACK_SPEED_CHANGED:
         LOG("eMEDIA_CALLBACK_SPEED_CHANGED\n\n");
-        notifySpeed(*this);
+        outcome = notifySpeed(*this);
         break;
     case eMEDIA_CALLBACK_ERROR:
         LOG("eMEDIA_CALLBACK_ERROR\n\n");
@@ -211,26 +225,23 @@ void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
             LOG("current playstate is ERROR ,so return \n");
             return;
         }
-        SetPlayState(MP_ERROR);
-        SetError(code);
-        SetSpeed(0.0);
-        Hbbtv_AL_MediaPlayerStop(m_hPlayer);
-        notifyPlayState(*this, MP_ERROR);
+        outcome = fail(*this, code);
         break;
     case eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED:
         LOG("eMEDIA_CALLBACK_SELECTED_COMPONENT_CHANGED\n\n");
-        notifyComponent(*this, code);
+        outcome = notifyComponent(*this, code);
         break;
     case eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED:
         LOG("eMEDIA_CALLBACK_PARENTAL_RATING_CHANGED\n\n");
-        notifyParentalRating(*this, code);
+        outcome = notifyParentalRating(*this, code);
         break;
     case eMEDIA_CALLBACK_DRM_RIGHTS_ERROR:
         LOG("eMEDIA_CALLBACK_DRM_RIGHTS_ERROR\n\n");
-        notifyRightsError(*this, code);
+        outcome = notifyRightsError(*this, code);
         break;
     default:
         break;
     }
+    static_cast<void>(outcome); // Nothing here touches the object again.
     LOG("!!!MediaCallback called end!!!\n");
 }

@@ -1,23 +1,35 @@
 // The media that is to follow the one that plays: at most one waits.
 #include "Internals.h"
 #include "Log.h"
-#include "ScriptNames.h"
+#include "OperationMemory.h"
 #include "Slots.h"
 
 #include <string.h>
 
 static constexpr uint32_t TOO_SHORT_URL = 4;
 
-bool playNow(VideoPlugin& plugin, const NPVariant& url) {
-    const bool taken = static_cast<PluginBaseClass&>(plugin).setProperty(piProperties[data], &url);
+Outcome playNow(VideoPlugin& plugin, const NPVariant& url, DataMemory* memory) {
+    const bool tooShort = NPVARIANT_TO_STRING(url).UTF8Length <= TOO_SHORT_URL;
+    const Outcome written = setDataOf(plugin, url, memory);
+    if (written == Outcome::Gone || (written == Outcome::Refused && !tooShort)) {
+        return written;
+    }
     const NPVariant& source = plugin.m_pNpVarProperties[data];
     // Too long by the page's folder: the player would start the former media under the new name.
-    const bool playable = !NPVARIANT_IS_STRING(source) || NPVARIANT_TO_STRING(source).UTF8Length <= LONGEST_URL;
-    if (!playable || (!taken && NPVARIANT_TO_STRING(url).UTF8Length > TOO_SHORT_URL)) {
-        return false;
+    if (NPVARIANT_IS_STRING(source) && NPVARIANT_TO_STRING(source).UTF8Length > LONGEST_URL) {
+        return Outcome::Refused;
     }
-    plugin.Play(intVariant(1));
-    return true;
+    return startPlayback(plugin, 1, &memory->notifications);
+}
+
+bool takeToPlayNow(const VideoPlugin& plugin, const NPVariant& url, DataMemory* memory) {
+    return memory->take(plugin, url) && memory->notifications.take(MOST_PLAY_NOTIFICATIONS);
+}
+
+/// @return false when the media was refused
+static bool queueNow(VideoPlugin& plugin, const NPVariant& url) {
+    DataMemory memory;
+    return takeToPlayNow(plugin, url, &memory) && playNow(plugin, url, &memory) != Outcome::Refused;
 }
 
 static bool fits(const NPString& url) {
@@ -44,7 +56,7 @@ NPVariant VideoPlugin::Queue(NPVariant url) {
     case MP_STOPPED:
     case MP_FINISHED:
         LOG("queue() called in MP_STOPPED or MP_FINISHED state\n");
-        return boolVariant(fits(text) && playNow(*this, url));
+        return boolVariant(fits(text) && queueNow(*this, url));
     case MP_PLAYING:
     case MP_PAUSED:
     case MP_CONNECTING:

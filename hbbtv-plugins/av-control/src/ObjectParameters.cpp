@@ -1,6 +1,7 @@
 // The element's attributes and parameters: stored as text and applied. Several property writes end here too.
 #include "Internals.h"
 #include "Log.h"
+#include "OperationMemory.h"
 #include "ScriptNames.h"
 #include "Slots.h"
 
@@ -12,14 +13,6 @@
 
 // Where the search for the end of the page's folder begins: behind "http://".
 static constexpr size_t PAGE_PATH_SEARCH_START = 7;
-
-static char* newValueBuffer() {
-    char* buffer = static_cast<char*>(NPN_MemAlloc(LONGEST_PARAMETER + 1));
-    if (buffer) {
-        memset(buffer, 0, LONGEST_PARAMETER + 1);
-    }
-    return buffer;
-}
 
 /// As atoi, with numbers beyond int at its limits.
 static int parseInt(const char* text) {
@@ -54,55 +47,75 @@ bool VideoPlugin::getParam(char* sParamName, char* sParamValue) {
     return true;
 }
 
+bool isRelativeAddress(const char* address) {
+    return *address && !strstr(address, "http");
+}
+
+/// Copies between two buffers of LONGEST_PARAMETER + 1 bytes.
+static void copyParameter(const char* from, char* to) {
+    memcpy(to, from, strlen(from) + 1);
+}
+
+static Outcome applyText(VideoPlugin& plugin, int property, const char* value, ParameterMemory* memory) {
+    return moveToSlot(plugin, &plugin.m_pNpVarProperties[property], memory->releaseSlotText(value));
+}
+
 /// Makes a relative address absolute, against the folder of the page.
 /// @param url holds the relative address in LONGEST_PARAMETER + 1 bytes, and receives the absolute one
-/// @param resolved receives whether `url` was changed; a page without a usable address leaves it as it is
-/// @return false when the absolute address is too long
-static bool resolveAgainstPage(VideoPlugin& plugin, char* url, bool* resolved) {
+/// @param resolved says whether `url` was changed; a page without a usable address leaves it as it is
+/// @return Refused when the absolute address is too long
+static Outcome resolveAgainstPage(VideoPlugin& plugin, char* url, bool* resolved) {
     *resolved = false;
     char pageUrl[LONGEST_PARAMETER + 1] = "";
     LOG("Detected relative URL\n");
-    GetPageUrl(plugin.getNPP(), pageUrl, sizeof pageUrl);
+    if (guarded(plugin, [&] { GetPageUrl(plugin.getNPP(), pageUrl, sizeof pageUrl); }) == Outcome::Gone) {
+        return Outcome::Gone;
+    }
     LOG("Host uri %s\n", pageUrl);
     if (!strstr(pageUrl, "http")) {
         LOG("Host URI doesn't contains http://!! That is weird!!\n");
-        return true;
+        return Outcome::Done;
     }
-    char* const lastSlash =
+    const char* const lastSlash =
         strlen(pageUrl) > PAGE_PATH_SEARCH_START ? strrchr(pageUrl + PAGE_PATH_SEARCH_START, '/') : nullptr;
     if (!lastSlash) {
         LOG("There is no / character in the host URI!! Handle this case!!\n");
-        return true;
+        return Outcome::Done;
     }
     const size_t folderLength = static_cast<size_t>(lastSlash - pageUrl) + 1;
     const size_t length = folderLength + strlen(url);
     if (length > LONGEST_PARAMETER) {
         LOG_ERROR("data refused: its absolute address has %u bytes, at most %u are taken\n",
                   static_cast<unsigned>(length), LONGEST_PARAMETER);
-        return false;
+        return Outcome::Refused;
     }
     memmove(url + folderLength, url, strlen(url) + 1);
     memcpy(url, pageUrl, folderLength);
     *resolved = true;
-    return true;
+    return Outcome::Done;
 }
 
-/// @param value stored text of LONGEST_PARAMETER + 1 bytes, made absolute. @return false when it is refused
-static bool applyData(VideoPlugin& plugin, char* value) {
-    bool slotTakesValue = true;
-    if (*value && !strstr(value, "http")) {
-        if (!resolveAgainstPage(plugin, value, &slotTakesValue)) {
-            return false;
+/// @return Refused when the address cannot be made absolute
+static Outcome applyData(VideoPlugin& plugin, ParameterMemory* memory) {
+    // A copy: while the page is asked for its address, script may write another one.
+    char url[LONGEST_PARAMETER + 1];
+    copyParameter(plugin.m_ppsParamValues[PARAM_DATA], url);
+    bool slotTakesUrl = true;
+    if (isRelativeAddress(url)) {
+        const Outcome resolved = resolveAgainstPage(plugin, url, &slotTakesUrl);
+        if (resolved != Outcome::Done) {
+            return resolved;
         }
-        if (slotTakesValue) {
-            LOG("PARAM (%s) = %s\n\n", psParamNames[PARAM_DATA], value);
+        if (slotTakesUrl) {
+            copyParameter(url, plugin.m_ppsParamValues[PARAM_DATA]);
+            LOG("PARAM (%s) = %s\n\n", psParamNames[PARAM_DATA], url);
         }
     }
-    if (slotTakesValue && !storeInSlot(&plugin.m_pNpVarProperties[data], stringVariant(value))) {
-        return false;
+    if (slotTakesUrl && applyText(plugin, data, url, memory) == Outcome::Gone) {
+        return Outcome::Gone;
     }
     plugin.SetInput();
-    return true;
+    return Outcome::Done;
 }
 
 static void applyType(VideoPlugin& plugin, const char* value) {
@@ -119,30 +132,35 @@ static void applyType(VideoPlugin& plugin, const char* value) {
     }
 }
 
-static bool applyWidth(VideoPlugin& plugin, const char* value) {
-    if (!storeInSlot(&plugin.m_pNpVarProperties[width], stringVariant(value))) {
-        return false;
+static Outcome applyWidth(VideoPlugin& plugin, const char* value, ParameterMemory* memory) {
+    const int pixels = parseInt(value);
+    if (applyText(plugin, width, value, memory) == Outcome::Gone) {
+        return Outcome::Gone;
     }
     const int state = currentPlayState(plugin);
     LOG("width.PlayState:[%d]\n\n", state);
     if (state == MP_PLAYING) {
-        plugin.m_nW = static_cast<uint32_t>(parseInt(value));
+        plugin.m_nW = static_cast<uint32_t>(pixels);
     }
-    return true;
+    return Outcome::Done;
 }
 
-static bool applyHeight(VideoPlugin& plugin, const char* value) {
-    if (!storeInSlot(&plugin.m_pNpVarProperties[height], stringVariant(value))) {
-        return false;
+static Outcome applyHeight(VideoPlugin& plugin, const char* value, ParameterMemory* memory) {
+    const int pixels = parseInt(value);
+    if (applyText(plugin, height, value, memory) == Outcome::Gone) {
+        return Outcome::Gone;
     }
     const int state = currentPlayState(plugin);
     LOG("height.PlayState:[%d]\n\n", state);
-    if (state == MP_PLAYING) {
-        const int h = parseInt(value);
-        plugin.SetupPlayer(plugin.m_nX, plugin.m_nY, static_cast<int>(plugin.m_nW), h);
-        plugin.m_nH = static_cast<uint32_t>(h);
+    if (state != MP_PLAYING) {
+        return Outcome::Done;
     }
-    return true;
+    const Outcome placed =
+        guarded(plugin, [&] { plugin.SetupPlayer(plugin.m_nX, plugin.m_nY, static_cast<int>(plugin.m_nW), pixels); });
+    if (placed == Outcome::Done) {
+        plugin.m_nH = static_cast<uint32_t>(pixels);
+    }
+    return placed;
 }
 
 static void applyLoop(VideoPlugin& plugin, const char* value) {
@@ -161,34 +179,52 @@ static void addSubtitle(VideoPlugin& plugin, char* value) {
     Hbbtv_AL_MediaPlayerAddSubtitle(plugin.m_hPlayer, &track);
 }
 
-/// @return false when the value could not be kept: the parameter is then refused
-static bool apply(VideoPlugin& plugin, int index, char* value) {
+static Outcome apply(VideoPlugin& plugin, int index, char* value, ParameterMemory* memory) {
     switch (index) {
     case PARAM_DATA:
-        return applyData(plugin, value);
+        return applyData(plugin, memory);
     case PARAM_TYPE:
         applyType(plugin, value);
-        return true;
+        return Outcome::Done;
     case PARAM_WIDTH:
-        return applyWidth(plugin, value);
+        return applyWidth(plugin, value, memory);
     case PARAM_HEIGHT:
-        return applyHeight(plugin, value);
+        return applyHeight(plugin, value, memory);
     case PARAM_CACHE:
-        return storeInSlot(&plugin.m_pNpVarProperties[cache], stringVariant(value));
+        return applyText(plugin, cache, value, memory);
     case PARAM_LOOP:
         applyLoop(plugin, value);
-        return true;
+        return Outcome::Done;
     default:
         if (isSubtitleParam(index)) {
             addSubtitle(plugin, value);
         }
-        return true;
+        return Outcome::Done;
     }
 }
 
+/// Stores a value and applies it. @return Refused: the former value is then in force again
+static Outcome storeAndApply(VideoPlugin& plugin, int index, ParameterMemory* memory) {
+    char* const value = memory->releaseValue();
+    char* former = plugin.m_ppsParamValues[index];
+    plugin.m_ppsParamValues[index] = value;
+    LOG("PARAM (%s) = %s\n\n", psParamNames[index], value);
+    const Outcome outcome = apply(plugin, index, value, memory);
+    // What script stored meanwhile stays.
+    if (outcome == Outcome::Refused && plugin.m_ppsParamValues[index] == value) {
+        plugin.m_ppsParamValues[index] = former;
+        former = value;
+    }
+    if (former) {
+        NPN_MemFree(former);
+    }
+    return outcome;
+}
+
 bool VideoPlugin::setParam(char* sParamName, char* sParamValue) {
+    ParameterMemory* memory = memoryOfParam(sParamValue);
     LOG("qmr-->setParam (%s) = %s\n\n", sParamName, sParamValue ? sParamValue : "(null)");
-    if (!sParamValue || !m_ppsParamValues) {
+    if (!sParamValue || !m_ppsParamValues || !m_pNpVarProperties) {
         return false;
     }
     const int index = findParam(sParamName);
@@ -201,22 +237,12 @@ bool VideoPlugin::setParam(char* sParamName, char* sParamValue) {
                   LONGEST_PARAMETER);
         return false;
     }
-    char* const value = newValueBuffer();
-    if (!value) {
-        LOG_ERROR("No memory for parameter %s\n", sParamName);
-        return false;
+    ParameterMemory own;
+    if (!memory) {
+        memory = &own;
+        if (!own.take(index, sParamValue, length)) {
+            return false;
+        }
     }
-    memcpy(value, sParamValue, length + 1);
-    char* const former = m_ppsParamValues[index];
-    m_ppsParamValues[index] = value;
-    LOG("PARAM (%s) = %s\n\n", psParamNames[index], value);
-    if (!apply(*this, index, value)) {
-        m_ppsParamValues[index] = former;
-        NPN_MemFree(value);
-        return false;
-    }
-    if (former) {
-        NPN_MemFree(former);
-    }
-    return true;
+    return storeAndApply(*this, index, memory) != Outcome::Refused;
 }

@@ -17,18 +17,18 @@ void VideoPlugin::SetPlayState(int state) {
         return;
     }
     LOG("currentState = %d,newState = %d\n", current, state);
-    storeInSlot(&m_pNpVarProperties[playState], intVariant(state));
+    static_cast<void>(moveToSlot(*this, &m_pNpVarProperties[playState], intVariant(state)));
 }
 
 void VideoPlugin::SetSpeed(double Speed) {
     if (m_pNpVarProperties) {
-        storeInSlot(&m_pNpVarProperties[speed], doubleVariant(Speed));
+        static_cast<void>(moveToSlot(*this, &m_pNpVarProperties[speed], doubleVariant(Speed)));
     }
 }
 
 void VideoPlugin::SetError(int Error) {
     if (m_pNpVarProperties) {
-        storeInSlot(&m_pNpVarProperties[error], intVariant(Error));
+        static_cast<void>(moveToSlot(*this, &m_pNpVarProperties[error], intVariant(Error)));
     }
 }
 

@@ -2,6 +2,7 @@
 // notifications from the script call that caused them to a later turn.
 #include "Internals.h"
 #include "Log.h"
+#include "OperationMemory.h"
 #include "ScriptNames.h"
 #include "Slots.h"
 
@@ -60,8 +61,7 @@ static void freeEvent(eventData* record) {
 
 static void deliverPlayState(VideoPlugin& plugin, int state) {
     LOG("state = %d\n\n", state);
-    plugin.SetPlayState(state);
-    notifyPlayState(plugin, state);
+    static_cast<void>(changeState(plugin, state));
 }
 
 static void deliverPosition(VideoPlugin& plugin, int position) {
@@ -72,10 +72,10 @@ static void deliverPosition(VideoPlugin& plugin, int position) {
             event->setAVControlDOMEventProperty("position", position);
         }
         LOG("PLAY_POSITION_CHANGED GetIsPropertySetFromListener ok\n\n");
-        callListener(plugin, PlayPositionChanged);
+        static_cast<void>(callListener(plugin, PlayPositionChanged));
     } else {
         LOG("PLAY_POSITION_CHANGED GetIsPropertySetFromListener not ok\n\n");
-        callHandler(plugin, onPlayPositionChanged, intVariant(position));
+        static_cast<void>(callHandler(plugin, onPlayPositionChanged, intVariant(position)));
     }
 }
 
@@ -111,7 +111,7 @@ static void AVControlPushEvent(eventData* record) {
         LOG(" Don't find popData->objectHandle in pluginHandlelist\n");
         freeEvent(record);
     } else if (!instance) {
-        LOG_ERROR("The object is not initialised: nobody is told of %s\n", psProperties[record->event]);
+        LOG_ERROR("The object is not initialised: nobody is notified of %s\n", psProperties[record->event]);
         freeEvent(record);
     } else {
         NPN_PluginThreadAsyncCall(instance, AVControlPopEvent, record);
@@ -120,26 +120,23 @@ static void AVControlPushEvent(eventData* record) {
 
 /// Queues a notification that carries one number: both payloads are a single signed 32-bit field.
 template <class Payload>
-static void pushNumber(void* handle, PropertyNames_e event, int32_t Payload::*field, int number) {
-    eventData* record = static_cast<eventData*>(malloc(sizeof(eventData)));
-    Payload* payload = static_cast<Payload*>(malloc(sizeof(Payload)));
-    if (!record || !payload) {
-        LOG_ERROR("No memory to tell the page of %s %d\n", psProperties[event], number);
-        free(record);
-        free(payload);
+static void pushNumber(void* handle, PropertyNames_e event, int32_t Payload::*field, int number,
+                       Notifications* notifications) {
+    eventData* const record = notifications->release();
+    if (!record) {
+        LOG_ERROR("No record to notify the page of %s %d\n", psProperties[event], number);
         return;
     }
-    payload->*field = number;
+    static_cast<Payload*>(record->data)->*field = number;
     record->objectHandle = static_cast<VideoPlugin*>(handle);
     record->event = event;
-    record->data = payload;
     AVControlPushEvent(record);
 }
 
-void AVControlPlayStateChange(void* handle, int state) {
-    pushNumber(handle, onPlayStateChange, &stateChangeData::state, state);
+void AVControlPlayStateChange(void* handle, int state, Notifications* notifications) {
+    pushNumber(handle, onPlayStateChange, &stateChangeData::state, state, notifications);
 }
 
-void AVControlPositionChanged(void* handle, int pos) {
-    pushNumber(handle, onPlayPositionChanged, &posChangedData::pos, pos);
+void AVControlPositionChanged(void* handle, int pos, Notifications* notifications) {
+    pushNumber(handle, onPlayPositionChanged, &posChangedData::pos, pos, notifications);
 }

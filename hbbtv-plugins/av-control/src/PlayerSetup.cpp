@@ -1,4 +1,4 @@
-// The player's source and its place on the screen.
+// The player's source and its position on the screen.
 #include "Internals.h"
 #include "Log.h"
 #include "Slots.h"
@@ -38,15 +38,25 @@ bool VideoPlugin::SetupPlayer(int x, int y, int w, int h) {
         LOG("Setting Hbbtv_AL_MediaPlayerSetWindow failed!\n");
     }
     if (m_pNpVarProperties) {
-        storeInSlot(&m_pNpVarProperties[width], intVariant(w));
-        storeInSlot(&m_pNpVarProperties[height], intVariant(h));
+        if (moveToSlot(*this, &m_pNpVarProperties[width], intVariant(w)) == Outcome::Done) {
+            static_cast<void>(moveToSlot(*this, &m_pNpVarProperties[height], intVariant(h)));
+        }
     }
     return true;
 }
 
-static void changeFullScreen(VideoPlugin& plugin, bool on) {
-    storeInSlot(&plugin.m_pNpVarProperties[fullScreen], boolVariant(on));
-    plugin.ExecutePropertyJSFunctionArgs(onFullScreenChange, nullptr, 0, false);
+static Outcome storeFullScreen(VideoPlugin& plugin, bool on) {
+    return moveToSlot(plugin, &plugin.m_pNpVarProperties[fullScreen], boolVariant(on));
+}
+
+static Outcome notifyFullScreen(VideoPlugin& plugin) {
+    return guarded(plugin, [&] { plugin.ExecutePropertyJSFunctionArgs(onFullScreenChange, nullptr, 0, false); });
+}
+
+/// The browser gives the object the whole screen, or a part of it again.
+static Outcome changeFullScreen(VideoPlugin& plugin, bool on) {
+    const Outcome stored = storeFullScreen(plugin, on);
+    return stored == Outcome::Done ? notifyFullScreen(plugin) : stored;
 }
 
 NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
@@ -55,24 +65,24 @@ NPError VideoPlugin::setWindow(NPP /*instance*/, NPWindow* window) {
         return NPERR_NO_ERROR;
     }
     const bool isFull = readTruth(m_pNpVarProperties[fullScreen]);
-    const InstanceGuard guard(this);
+    Outcome outcome = Outcome::Done;
     if (window->width == HBBTV_SCREEN_WIDTH && window->height == HBBTV_SCREEN_HEIGHT && !isFull) {
-        changeFullScreen(*this, true);
+        outcome = changeFullScreen(*this, true);
     } else if (window->width != HBBTV_SCREEN_WIDTH && window->height != HBBTV_SCREEN_HEIGHT && isFull) {
-        changeFullScreen(*this, false);
+        outcome = changeFullScreen(*this, false);
     }
-    if (!guard.alive()) {
+    if (outcome == Outcome::Gone) {
         return NPERR_NO_ERROR;
     }
-    // Read only now: the page's handler may have had the browser place the element anew.
-    const NPWindow place = *window;
-    if (place.x == m_nX && place.y == m_nY && place.width == m_nW && place.height == m_nH) {
+    // Read only now: the page's handler may have had the browser lay the element out again.
+    const NPWindow rectangle = *window;
+    if (rectangle.x == m_nX && rectangle.y == m_nY && rectangle.width == m_nW && rectangle.height == m_nH) {
         return NPERR_NO_ERROR;
     }
-    m_nX = place.x;
-    m_nY = place.y;
-    m_nW = place.width;
-    m_nH = place.height;
+    m_nX = rectangle.x;
+    m_nY = rectangle.y;
+    m_nW = rectangle.width;
+    m_nH = rectangle.height;
     if (m_nW == HBBTV_SCREEN_WIDTH && m_nH == HBBTV_SCREEN_HEIGHT) {
         m_nX = 0;
         m_nY = 0;
@@ -90,7 +100,10 @@ NPVariant VideoPlugin::SetFullScreen(NPVariant fullscreen) {
         LOG("new FullScreen is equal to old FullScreen\n");
         return boolVariant(true);
     }
-    storeInSlot(&m_pNpVarProperties[fullScreen], boolVariant(on));
+    if (storeFullScreen(*this, on) == Outcome::Gone) {
+        return boolVariant(true);
+    }
+    const InstanceGuard guard(this);
     if (on) {
         LOG("setFullScreen set player in fullscreen mode\n");
         SetupPlayer(0, 0, HBBTV_SCREEN_WIDTH, HBBTV_SCREEN_HEIGHT);
@@ -98,7 +111,9 @@ NPVariant VideoPlugin::SetFullScreen(NPVariant fullscreen) {
         LOG("setFullScreen  set player not in fullscreen mode\n");
         SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));
     }
-    ExecutePropertyJSFunctionArgs(onFullScreenChange, nullptr, 0, false);
+    if (guard.alive()) {
+        static_cast<void>(notifyFullScreen(*this));
+    }
     return boolVariant(true);
 }
 

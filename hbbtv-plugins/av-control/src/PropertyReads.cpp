@@ -21,8 +21,9 @@ static bool readPlayPosition(VideoPlugin& plugin, int state, NPVariant* result) 
     if (state == MP_PLAYING) {
         const int64_t position = Hbbtv_AL_MediaPlayerGetPosition(plugin.m_hPlayer);
         LOG("getProperty playPosition:%lld\n\n", static_cast<long long>(position));
-        storeInSlot(slot, doubleVariant(static_cast<double>(position)));
-        return handToScript(*slot, result);
+        const NPVariant number = doubleVariant(static_cast<double>(position));
+        static_cast<void>(moveToSlot(plugin, slot, number));
+        return handToScript(number, result);
     }
     if (NPVARIANT_IS_NULL(*slot)) {
         return false;
@@ -44,7 +45,7 @@ static bool readPlayTime(VideoPlugin& plugin, int state, NPVariant* result) {
         return false;
     }
     LOG("getProperty Duration:%d\n\n", duration);
-    storeInSlot(&plugin.m_pNpVarProperties[playTime], intVariant(duration));
+    static_cast<void>(moveToSlot(plugin, &plugin.m_pNpVarProperties[playTime], intVariant(duration)));
     return handToScript(intVariant(duration), result);
 }
 

@@ -1,16 +1,16 @@
-// What script writes to the object. The plug-in itself loads a queued URL by the same road.
+// What script writes to the object. The plug-in itself loads a queued URL in the same way.
 #include "Internals.h"
 #include "Log.h"
+#include "OperationMemory.h"
 #include "ScriptNames.h"
 #include "Slots.h"
 
 #include <stdio.h>
 #include <string.h>
+#include <utility>
 
 static constexpr uint32_t SHORTEST_TEXT = 5;   /**< of `data` and `id` */
 static constexpr uint32_t INVALID_FROM = 2048; /**< length of a `data` or `id` that no television would take */
-
-static char properthBuffer[LONGEST_URL + 1];
 
 /// The text form of a `width` or `height`: a String as it is, a number as its whole part, nothing for other types.
 struct SizeText {
@@ -50,6 +50,10 @@ static bool hasValidLength(const NPVariant& value) {
            NPVARIANT_TO_STRING(value).UTF8Length < INVALID_FROM;
 }
 
+bool isLoadableAddress(const NPVariant& value) {
+    return hasValidLength(value) && NPVARIANT_TO_STRING(value).UTF8Length <= LONGEST_URL;
+}
+
 static bool fits(int index, uint32_t length, uint32_t limit) {
     if (length > limit) {
         LOG_ERROR("%s refused: %u bytes, at most %u are taken\n", psProperties[index], length, limit);
@@ -57,84 +61,106 @@ static bool fits(int index, uint32_t length, uint32_t limit) {
     return length <= limit;
 }
 
-static bool setParamOf(VideoPlugin& plugin, int index, char* text) {
-    // The operation's parameter is not const, but it changes nothing.
-    return plugin.setParam(const_cast<char*>(psProperties[index]), text);
-}
-
-static void stopMedia(VideoPlugin& plugin) {
+static Outcome stopMedia(VideoPlugin& plugin, Notifications* notifications) {
     Hbbtv_AL_MediaPlayerStop(plugin.m_hPlayer);
     plugin.SetSpeed(0.0);
-    plugin.SetPlayState(MP_STOPPED);
-    AVControlPlayStateChange(&plugin, MP_STOPPED);
+    return enterState(plugin, MP_STOPPED, notifications);
 }
 
-/// Stores a `data` or `id` of valid length and passes it on as parameter; when that is refused, the slot gets its
-/// former value back.
-static bool writeParameter(VideoPlugin& plugin, int index, const NPVariant& value, int state) {
-    if (!fits(index, NPVARIANT_TO_STRING(value).UTF8Length, LONGEST_URL)) {
-        return false;
+/// Passes a stored `data` or `id` on as parameter. When that is refused, the slot gets its former value back.
+/// @param text   characters in the slot
+/// @param former released
+static bool passOn(VideoPlugin& plugin, int index, const NPUTF8* text, NPVariant former, ParameterMemory* memory) {
+    const Outcome outcome = setParamOf(plugin, psProperties[index], memory);
+    if (outcome == Outcome::Refused) {
+        NPVariant* const slot = &plugin.m_pNpVarProperties[index];
+        // What script wrote meanwhile stays.
+        if (NPVARIANT_IS_STRING(*slot) && NPVARIANT_TO_STRING(*slot).UTF8Characters == text) {
+            std::swap(*slot, former);
+        }
     }
-    NPVariant* slot = &plugin.m_pNpVarProperties[index];
-    NPVariant copy;
-    if (!HbbTVBaseClass::copyVariant(value, &copy)) {
-        return false;
-    }
+    releaseHeldValue(former);
+    return outcome != Outcome::Refused;
+}
+
+static bool loadData(VideoPlugin& plugin, int state, DataMemory* memory) {
+    NPVariant* const slot = &plugin.m_pNpVarProperties[data];
     const NPVariant former = *slot;
-    *slot = copy;
-    memcpy(properthBuffer, NPVARIANT_TO_STRING(copy).UTF8Characters, NPVARIANT_TO_STRING(copy).UTF8Length);
-    properthBuffer[NPVARIANT_TO_STRING(copy).UTF8Length] = '\0';
-    if (index == data && state != MP_STOPPED) {
-        stopMedia(plugin);
-    }
-    if (setParamOf(plugin, index, properthBuffer)) {
+    *slot = memory->releaseCopy();
+    const NPUTF8* const text = NPVARIANT_TO_STRING(*slot).UTF8Characters;
+    if (state != MP_STOPPED && stopMedia(plugin, &memory->notifications) == Outcome::Gone) {
         releaseHeldValue(former);
         return true;
     }
-    releaseHeldValue(*slot);
-    *slot = former;
-    return false;
+    return passOn(plugin, data, text, former, &memory->parameter);
 }
 
-static bool writeData(VideoPlugin& plugin, const NPVariant& value, int state) {
+/// @param memory of the caller; null when the write is to take its own
+static bool writeData(VideoPlugin& plugin, const NPVariant& value, int state, DataMemory* memory) {
     LOG("data\n");
-    if (hasValidLength(value)) {
-        return writeParameter(plugin, data, value, state);
+    if (hasValidLength(value) && !fits(data, NPVARIANT_TO_STRING(value).UTF8Length, LONGEST_URL)) {
+        return false;
     }
-    const bool stored = storeInSlot(&plugin.m_pNpVarProperties[data], value);
+    DataMemory own;
+    if (!memory) {
+        memory = &own;
+        if (!own.take(plugin, value)) {
+            return false;
+        }
+    }
+    if (isLoadableAddress(value)) {
+        return loadData(plugin, state, memory);
+    }
+    if (moveToSlot(plugin, &plugin.m_pNpVarProperties[data], memory->releaseCopy()) == Outcome::Gone) {
+        return true;
+    }
     plugin.m_bUrlIsQueued = false;
     plugin.m_bRepeateUntilStop = false;
     plugin.m_bRepeateUtilNum = false;
     if (!NPVARIANT_IS_STRING(value)) {
-        return stored;
+        return true;
     }
     LOG_ERROR("Set property data failed invalid URL len: %d\n",
               static_cast<int>(NPVARIANT_TO_STRING(value).UTF8Length));
     return false;
 }
 
-static bool writeId(VideoPlugin& plugin, const NPVariant& value, int state) {
-    if (hasValidLength(value)) {
-        return writeParameter(plugin, id, value, state);
+static bool writeId(VideoPlugin& plugin, const NPVariant& value) {
+    if (!hasValidLength(value)) {
+        static_cast<void>(storeInSlot(plugin, &plugin.m_pNpVarProperties[id], value));
+        LOG_ERROR("Set property id failed!!\n");
+        return false;
     }
-    storeInSlot(&plugin.m_pNpVarProperties[id], value);
-    LOG_ERROR("Set property id failed!!\n");
-    return false;
+    const NPString& text = NPVARIANT_TO_STRING(value);
+    ParameterMemory memory;
+    NPVariant copy;
+    if (!fits(id, text.UTF8Length, LONGEST_URL) || !memory.take(PARAM_ID, text.UTF8Characters, text.UTF8Length) ||
+        !HbbTVBaseClass::copyVariant(value, &copy)) {
+        return false;
+    }
+    NPVariant* const slot = &plugin.m_pNpVarProperties[id];
+    const NPVariant former = *slot;
+    *slot = copy;
+    return passOn(plugin, id, NPVARIANT_TO_STRING(copy).UTF8Characters, former, &memory);
 }
 
 /// Mirrors a written `width` or `height` onto the element's attribute. The page may react to it.
-static void setElementAttribute(NPP instance, const char* name, const NPVariant& value) {
+static Outcome setElementAttribute(VideoPlugin& plugin, const char* name, const NPVariant& value) {
+    const InstanceGuard guard(&plugin);
+    const NPP instance = *plugin.getNPP();
     NPObject* element = nullptr;
     if (NPN_GetValue(instance, NPNVPluginElementNPObject, &element) != NPERR_NO_ERROR || !element) {
         LOG_ERROR("The browser gives no element: its attribute %s is not set\n", name);
-        return;
+        return guard.outcome();
     }
     const NPVariant arguments[2] = {stringVariant(name), value};
     NPVariant result = voidVariant();
-    if (NPN_Invoke(instance, element, NPN_GetStringIdentifier("setAttribute"), arguments, 2, &result)) {
-        NPN_ReleaseVariantValue(&result);
+    if (guard.alive() &&
+        NPN_Invoke(instance, element, NPN_GetStringIdentifier("setAttribute"), arguments, 2, &result)) {
+        releaseAnswer(&result);
     }
     NPN_ReleaseObject(element);
+    return guard.outcome();
 }
 
 static bool writeSize(VideoPlugin& plugin, int index, const NPVariant& value) {
@@ -143,30 +169,36 @@ static bool writeSize(VideoPlugin& plugin, int index, const NPVariant& value) {
     } else {
         LOG("height\n");
     }
-    SizeText size = sizeText(value);
-    if (!fits(index, size.length, LONGEST_SIZE_TEXT) || !storeInSlot(&plugin.m_pNpVarProperties[index], value)) {
+    const SizeText size = sizeText(value);
+    if (!fits(index, size.length, LONGEST_SIZE_TEXT)) {
         return true;
     }
-    const InstanceGuard guard(&plugin);
-    setElementAttribute(*plugin.getNPP(), psProperties[index], value);
-    if (size.exists && guard.alive()) {
-        setParamOf(plugin, index, size.text);
+    ParameterMemory memory;
+    if (size.exists && !memory.take(index == width ? PARAM_WIDTH : PARAM_HEIGHT, size.text, size.length)) {
+        return false;
+    }
+    const Outcome stored = storeInSlot(plugin, &plugin.m_pNpVarProperties[index], value);
+    if (stored != Outcome::Done) {
+        return stored == Outcome::Gone;
+    }
+    if (setElementAttribute(plugin, psProperties[index], value) == Outcome::Done && size.exists) {
+        static_cast<void>(setParamOf(plugin, psProperties[index], &memory));
     }
     return true;
 }
 
 static bool writeFullScreen(VideoPlugin& plugin, const NPVariant& value) {
     LOG("fullScreen\n");
-    const InstanceGuard guard(&plugin);
-    const NPVariant result = plugin.SetFullScreen(value);
-    if (guard.alive()) {
+    bool switched = false;
+    const Outcome outcome = guarded(plugin, [&] { switched = readTruth(plugin.SetFullScreen(value)); });
+    if (outcome == Outcome::Done) {
         const NPVariant& isFullScreen = plugin.m_pNpVarProperties[fullScreen];
         const bool isTrue = NPVARIANT_IS_BOOLEAN(isFullScreen) && NPVARIANT_TO_BOOLEAN(isFullScreen);
         const AccessRight right = isTrue ? R : RW;
         parProperties[width] = right;
         parProperties[height] = right;
     }
-    return readTruth(result);
+    return switched;
 }
 
 static void writeLoop(VideoPlugin& plugin, const NPVariant& value) {
@@ -210,6 +242,7 @@ static void logHandler(int index, NPVariantType type) {
 }
 
 bool VideoPlugin::setProperty(NPIdentifier name, const NPVariant* value) {
+    DataMemory* const memory = memoryOfData(value);
     const int state = currentPlayState(*this);
     const int index = HbbTVBaseClass::findIdentifier(piProperties, PROPERTY_COUNT, name);
     if (index < 0 || !m_pNpVarProperties) {
@@ -220,17 +253,18 @@ bool VideoPlugin::setProperty(NPIdentifier name, const NPVariant* value) {
     }
     switch (index) {
     case data:
-        return writeData(*this, *value, state);
+        return writeData(*this, *value, state, memory);
     case id:
-        return writeId(*this, *value, state);
+        return writeId(*this, *value);
     case width:
     case height:
         return writeSize(*this, index, *value);
     default:
         break;
     }
-    if (!storeInSlot(&m_pNpVarProperties[index], *value)) {
-        return false;
+    const Outcome stored = storeInSlot(*this, &m_pNpVarProperties[index], *value);
+    if (stored != Outcome::Done) {
+        return stored == Outcome::Gone;
     }
     switch (index) {
     case playState:

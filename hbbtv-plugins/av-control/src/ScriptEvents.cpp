@@ -40,7 +40,7 @@ static int findListenerType(const NPVariant& npType, const NPVariant& npListener
 void VideoPlugin::AddEventListener(NPVariant npType, NPVariant npListener, NPVariant npUseCapture) {
     LOG("Method addEventListener called\n");
     const int index = findListenerType(npType, npListener, npUseCapture);
-    if (index >= 0 && m_pNpVarListeners && storeInSlot(&m_pNpVarListeners[index], npListener)) {
+    if (index >= 0 && m_pNpVarListeners && storeInSlot(*this, &m_pNpVarListeners[index], npListener) == Outcome::Done) {
         SetPropertyFromListener(static_cast<unsigned>(index), true);
     }
 }
@@ -48,7 +48,8 @@ void VideoPlugin::AddEventListener(NPVariant npType, NPVariant npListener, NPVar
 void VideoPlugin::RemoveEventListener(NPVariant npType, NPVariant npListener, NPVariant npUseCapture) {
     LOG("videoplugin JS_removeEventListener called\n");
     const int index = findListenerType(npType, npListener, npUseCapture);
-    if (index >= 0 && m_pNpVarListeners && storeInSlot(&m_pNpVarListeners[index], nullVariant())) {
+    if (index >= 0 && m_pNpVarListeners &&
+        moveToSlot(*this, &m_pNpVarListeners[index], nullVariant()) == Outcome::Done) {
         SetPropertyFromListener(static_cast<unsigned>(index), false);
     }
 }
@@ -106,7 +107,7 @@ bool VideoPlugin::ExecutePropertyJSFunctionArgs(int property, NPVariant* args, i
         succeeded =
             static_cast<PluginBaseClass*>(this)->dispatch(function, args, static_cast<uint32_t>(arg_cnt), &result);
         if (succeeded) {
-            NPN_ReleaseVariantValue(&result);
+            releaseAnswer(&result);
         }
         NPN_ReleaseObject(function);
     }
@@ -124,20 +125,26 @@ bool VideoPlugin::dispatch(NPObject* npobj, const NPVariant* args, uint32_t argC
     return NPN_InvokeDefault(m_pNPInstance, npobj, args, argCount, result);
 }
 
-void callListener(VideoPlugin& plugin, int listener) {
+Outcome callListener(VideoPlugin& plugin, int listener) {
     HbbTVAVControlDOMEventClass* owner = plugin.getDOMEventClass();
     NPObject* event = owner ? owner->getAVControlDOMEventNPObject() : nullptr;
     if (!event) {
         LOG_ERROR("No event object: listener %s is not called\n", psListenersPropertyNames[listener]);
-        return;
+        return Outcome::Done;
     }
     NPVariant argument = objectVariant(NPN_RetainObject(event));
+    const InstanceGuard guard(&plugin);
     plugin.ExecutePropertyJSFunctionArgs(listener, &argument, 1, true);
     NPN_ReleaseObject(event);
+    return guard.outcome();
 }
 
-void callHandler(VideoPlugin& plugin, int handler, NPVariant argument) {
-    plugin.ExecutePropertyJSFunctionArgs(handler, &argument, 1, false);
+Outcome callHandler(VideoPlugin& plugin, int handler, NPVariant* args, int arg_cnt) {
+    return guarded(plugin, [&] { plugin.ExecutePropertyJSFunctionArgs(handler, args, arg_cnt, false); });
+}
+
+Outcome callHandler(VideoPlugin& plugin, int handler, NPVariant argument) {
+    return callHandler(plugin, handler, &argument, 1);
 }
 
 void VideoPlugin::onDRMRightsErrorFun(int errorState, char* contentID, char* DRMSystemID, char* rightsIssuerURL) {

@@ -1,90 +1,122 @@
 // Playback: what play, stop, seek and the methods beside them do with the player and the play state.
 #include "Internals.h"
 #include "Log.h"
+#include "OperationMemory.h"
 #include "Slots.h"
-
-#include <limits.h>
 
 static constexpr int LOUDEST_VOLUME = 101;
 
-static void enterState(VideoPlugin& plugin, int state) {
-    plugin.SetPlayState(state);
-    AVControlPlayStateChange(&plugin, state);
+// SetSpeed and SetError end no instance: script cannot write their slots, which hold numbers.
+
+Outcome enterState(VideoPlugin& plugin, int state, Notifications* notifications) {
+    const Outcome outcome = guarded(plugin, [&] { plugin.SetPlayState(state); });
+    if (outcome == Outcome::Done) {
+        AVControlPlayStateChange(&plugin, state, notifications);
+    }
+    return outcome;
 }
 
-static void enterError(VideoPlugin& plugin) {
+static Outcome enterError(VideoPlugin& plugin, Notifications* notifications) {
     plugin.SetSpeed(0.0);
     plugin.SetError(UNDEFINED_ERROR);
-    enterState(plugin, MP_ERROR);
+    return enterState(plugin, MP_ERROR, notifications);
 }
 
-static void pausePlayer(VideoPlugin& plugin) {
-    if (Hbbtv_AL_MediaPlayerPause(plugin.m_hPlayer) != 0) {
-        plugin.SetSpeed(0.0);
-        enterState(plugin, MP_PAUSED);
-    } else {
-        enterError(plugin);
+static Outcome pausePlayer(VideoPlugin& plugin, Notifications* notifications) {
+    if (Hbbtv_AL_MediaPlayerPause(plugin.m_hPlayer) == 0) {
+        return enterError(plugin, notifications);
     }
+    plugin.SetSpeed(0.0);
+    return enterState(plugin, MP_PAUSED, notifications);
 }
 
 /// A refused resume or restart: the page sees the attempt, then the error.
-static void failAfterConnecting(VideoPlugin& plugin) {
+static Outcome failAfterConnecting(VideoPlugin& plugin, Notifications* notifications) {
     plugin.SetSpeed(0.0);
-    enterState(plugin, MP_CONNECTING);
-    plugin.SetError(UNDEFINED_ERROR);
-    enterState(plugin, MP_ERROR);
-}
-
-static void connectAt(VideoPlugin& plugin, int requested) {
-    plugin.SetSpeed(requested);
-    enterState(plugin, MP_CONNECTING);
-    Hbbtv_AL_MediaPlayerSetSpeed(plugin.m_hPlayer, requested);
-}
-
-static void playFromStopped(VideoPlugin& plugin, int requested) {
-    if (requested == 0) {
-        pausePlayer(plugin);
-    } else if (Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0) != 0) {
-        connectAt(plugin, requested);
-        LOG("PLAY OK\n");
-    } else {
-        enterError(plugin);
-        LOG("PLAY FAIL\n");
+    if (enterState(plugin, MP_CONNECTING, notifications) == Outcome::Gone) {
+        return Outcome::Gone;
     }
+    plugin.SetError(UNDEFINED_ERROR);
+    return enterState(plugin, MP_ERROR, notifications);
 }
 
-static void playWhileRunning(VideoPlugin& plugin, int requested) {
+static Outcome connectAt(VideoPlugin& plugin, int requested, Notifications* notifications) {
+    plugin.SetSpeed(requested);
+    const Outcome outcome = enterState(plugin, MP_CONNECTING, notifications);
+    if (outcome == Outcome::Done) {
+        Hbbtv_AL_MediaPlayerSetSpeed(plugin.m_hPlayer, requested);
+    }
+    return outcome;
+}
+
+static Outcome playFromStopped(VideoPlugin& plugin, int requested, Notifications* notifications) {
+    if (requested == 0) {
+        return pausePlayer(plugin, notifications);
+    }
+    if (Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0) == 0) {
+        const Outcome outcome = enterError(plugin, notifications);
+        LOG("PLAY FAIL\n");
+        return outcome;
+    }
+    const Outcome outcome = connectAt(plugin, requested, notifications);
+    LOG("PLAY OK\n");
+    return outcome;
+}
+
+static Outcome playWhileRunning(VideoPlugin& plugin, int requested, Notifications* notifications) {
     if (requested != 0) {
         Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0);
         Hbbtv_AL_MediaPlayerSetSpeed(plugin.m_hPlayer, requested);
         plugin.SetSpeed(requested);
-        return;
+        return Outcome::Done;
     }
-    // So that the paused object goes on reporting where it stopped.
+    // So that the paused object keeps reporting where it stopped.
     const int64_t position = Hbbtv_AL_MediaPlayerGetPosition(plugin.m_hPlayer);
-    if (position != -1) {
-        storeInSlot(&plugin.m_pNpVarProperties[playPosition], intVariant(truncateToInt(static_cast<double>(position))));
+    if (position != -1 && storeInSlot(plugin, &plugin.m_pNpVarProperties[playPosition],
+                                      intVariant(truncateToInt(static_cast<double>(position)))) == Outcome::Gone) {
+        return Outcome::Gone;
     }
-    pausePlayer(plugin);
+    return pausePlayer(plugin, notifications);
 }
 
-static void playFromPaused(VideoPlugin& plugin, int requested) {
+static Outcome playFromPaused(VideoPlugin& plugin, int requested, Notifications* notifications) {
     if (requested == 0) {
-        return;
+        return Outcome::Done;
     }
-    if (Hbbtv_AL_MediaPlayerResume(plugin.m_hPlayer) != 0) {
-        plugin.SetSpeed(requested);
-        Hbbtv_AL_MediaPlayerSetSpeed(plugin.m_hPlayer, requested);
-    } else {
-        failAfterConnecting(plugin);
+    if (Hbbtv_AL_MediaPlayerResume(plugin.m_hPlayer) == 0) {
+        return failAfterConnecting(plugin, notifications);
     }
+    plugin.SetSpeed(requested);
+    Hbbtv_AL_MediaPlayerSetSpeed(plugin.m_hPlayer, requested);
+    return Outcome::Done;
 }
 
-static void playFromFinished(VideoPlugin& plugin, int requested) {
-    if (Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0) != 0) {
-        connectAt(plugin, requested);
-    } else {
-        failAfterConnecting(plugin);
+static Outcome playFromFinished(VideoPlugin& plugin, int requested, Notifications* notifications) {
+    return Hbbtv_AL_MediaPlayerPlay(plugin.m_hPlayer, 0) != 0 ? connectAt(plugin, requested, notifications)
+                                                              : failAfterConnecting(plugin, notifications);
+}
+
+Outcome startPlayback(VideoPlugin& plugin, int requested, Notifications* notifications) {
+    const int state = currentPlayState(plugin);
+    const Outcome placed = guarded(plugin, [&] {
+        plugin.SetupPlayer(plugin.m_nX, plugin.m_nY, static_cast<int>(plugin.m_nW), static_cast<int>(plugin.m_nH));
+    });
+    if (placed != Outcome::Done) {
+        return placed;
+    }
+    switch (state) {
+    case MP_STOPPED:
+        return playFromStopped(plugin, requested, notifications);
+    case MP_PLAYING:
+    case MP_CONNECTING:
+    case MP_BUFFERING:
+        return playWhileRunning(plugin, requested, notifications);
+    case MP_PAUSED:
+        return playFromPaused(plugin, requested, notifications);
+    case MP_FINISHED:
+        return playFromFinished(plugin, requested, notifications);
+    default:
+        return Outcome::Done;
     }
 }
 
@@ -93,54 +125,35 @@ NPVariant VideoPlugin::Play(NPVariant npSpeed) {
     if (!readInt(npSpeed, &requested)) {
         LOG("SPEED IS NOT SUPPORTED TYPE\n");
     }
-    const int state = currentPlayState(*this);
-    SetupPlayer(m_nX, m_nY, static_cast<int>(m_nW), static_cast<int>(m_nH));
-    switch (state) {
-    case MP_STOPPED:
-        playFromStopped(*this, requested);
-        break;
-    case MP_PLAYING:
-    case MP_CONNECTING:
-    case MP_BUFFERING:
-        playWhileRunning(*this, requested);
-        break;
-    case MP_PAUSED:
-        playFromPaused(*this, requested);
-        break;
-    case MP_FINISHED:
-        playFromFinished(*this, requested);
-        break;
-    default:
-        break;
+    Notifications notifications;
+    if (!notifications.take(MOST_PLAY_NOTIFICATIONS)) {
+        return boolVariant(false);
     }
+    static_cast<void>(startPlayback(*this, requested, &notifications));
     return boolVariant(true);
 }
 
 NPVariant VideoPlugin::Stop() {
     const int state = currentPlayState(*this);
     LOG("Called stop in playstate : %d\n", state);
-    if (m_pNpVarProperties) {
-        storeInSlot(&m_pNpVarProperties[playPosition], intVariant(0));
+    const bool changesState = state > MP_STOPPED && state <= MP_ERROR;
+    Notifications notifications;
+    if (changesState && !notifications.take(1)) {
+        return boolVariant(false);
+    }
+    if (m_pNpVarProperties && storeInSlot(*this, &m_pNpVarProperties[playPosition], intVariant(0)) == Outcome::Gone) {
+        return boolVariant(false);
     }
     m_bUrlIsQueued = false;
     m_bRepeateUntilStop = false;
-    switch (state) {
-    case MP_STOPPED:
-        return boolVariant(m_hPlayer != -1 && Hbbtv_AL_MediaPlayerStop(m_hPlayer) != 0);
-    case MP_PLAYING:
-    case MP_PAUSED:
-    case MP_CONNECTING:
-    case MP_BUFFERING:
-    case MP_FINISHED:
-    case MP_ERROR:
+    if (changesState) {
         if (Hbbtv_AL_MediaPlayerStop(m_hPlayer) == 0) {
             return boolVariant(false);
         }
-        enterState(*this, MP_STOPPED);
+        static_cast<void>(enterState(*this, MP_STOPPED, &notifications));
         return boolVariant(true);
-    default:
-        return boolVariant(false);
     }
+    return boolVariant(state == MP_STOPPED && m_hPlayer != -1 && Hbbtv_AL_MediaPlayerStop(m_hPlayer) != 0);
 }
 
 bool VideoPlugin::CheckSeekPos(int pos) {
@@ -157,13 +170,13 @@ bool VideoPlugin::CheckSeekPos(int pos) {
     return true;
 }
 
-/// Notifies the page that the position has stayed where it was.
-static void reportUnmovedPosition(VideoPlugin& plugin) {
+/// Reports to the page that the position has stayed where it was.
+static void reportUnmovedPosition(VideoPlugin& plugin, Notifications* notifications) {
     int position = 0;
     if (plugin.m_pNpVarProperties) {
         readInt(plugin.m_pNpVarProperties[playPosition], &position);
     }
-    AVControlPositionChanged(&plugin, position);
+    AVControlPositionChanged(&plugin, position, notifications);
 }
 
 NPVariant VideoPlugin::Seek(NPVariant pos) {
@@ -174,25 +187,29 @@ NPVariant VideoPlugin::Seek(NPVariant pos) {
         LOG_ERROR("seek argument type not allowed\n");
         return boolVariant(false);
     }
+    Notifications notifications;
+    if (!notifications.take(1)) {
+        return boolVariant(false);
+    }
     LOG("Seek to position %f\n", requested);
     if (!CheckSeekPos(truncateToInt(requested))) {
         LOG("seek position is error\n");
-        reportUnmovedPosition(*this);
+        reportUnmovedPosition(*this, &notifications);
         return boolVariant(false);
     }
     if (Hbbtv_AL_MediaPlayerSeek(m_hPlayer, truncateToInt(requested)) == 0) {
         LOG("seek mmlib returned NOT OK\n");
-        reportUnmovedPosition(*this);
+        reportUnmovedPosition(*this, &notifications);
         return boolVariant(false);
     }
     LOG("seek mmlib returned OK--i_pos=%f\n", requested);
-    if (m_pNpVarProperties) {
-        storeInSlot(&m_pNpVarProperties[playPosition], pos);
+    if (m_pNpVarProperties && storeInSlot(*this, &m_pNpVarProperties[playPosition], pos) == Outcome::Gone) {
+        return boolVariant(true);
     }
     if (state == MP_PLAYING) {
-        enterState(*this, MP_BUFFERING);
+        static_cast<void>(enterState(*this, MP_BUFFERING, &notifications));
     } else if (state == MP_CONNECTING || state == MP_BUFFERING) {
-        enterState(*this, MP_CONNECTING);
+        static_cast<void>(enterState(*this, MP_CONNECTING, &notifications));
     }
     return boolVariant(true);
 }
