@@ -18,7 +18,10 @@ int HbbTVBaseClass::findIdentifier(const NPIdentifier* identifiers, int count, N
 
 bool HbbTVBaseClass::copyVariant(const NPVariant& value, NPVariant* copy) {
     if (NPVARIANT_IS_STRING(value)) {
-        const NPString& text = NPVARIANT_TO_STRING(value);
+        NPString text = NPVARIANT_TO_STRING(value);
+        if (!text.UTF8Characters) {
+            text.UTF8Length = 0;
+        }
         char* characters = static_cast<char*>(NPN_MemAlloc(text.UTF8Length));
         if (!characters && text.UTF8Length > 0) {
             FRAMEWORK_LOG_ERROR("No memory for a text of %u bytes\n", text.UTF8Length);

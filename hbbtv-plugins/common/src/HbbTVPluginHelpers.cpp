@@ -1,26 +1,42 @@
 #include "HbbTVPluginHelpers.h"
 
 #include "FrameworkLog.h"
+#include "InstanceWatch.h"
+#include "ScriptValue.h"
 
 #include <string.h>
 
 namespace {
 
-/// Reads `object.name`; on true the caller releases `result`.
-bool readProperty(NPP instance, NPObject* object, const char* name, NPVariant* result) {
-    VOID_TO_NPVARIANT(*result);
-    return NPN_GetProperty(instance, object, NPN_GetStringIdentifier(name), result);
+ScriptValue readProperty(NPP instance, const ScriptObject& object, const char* name) {
+    ScriptValue value;
+    value.answered(NPN_GetProperty(instance, object.get(), NPN_GetStringIdentifier(name), value.result()));
+    return value;
 }
 
-bool copyText(const NPVariant& value, char* buffer, size_t size) {
-    if (!NPVARIANT_IS_STRING(value) || NPVARIANT_TO_STRING(value).UTF8Length == 0 ||
-        NPVARIANT_TO_STRING(value).UTF8Length >= size) {
+bool copyText(const ScriptValue& value, char* buffer, size_t size) {
+    if (!value.isString()) {
         return false;
     }
-    const NPString& text = NPVARIANT_TO_STRING(value);
+    const NPString& text = NPVARIANT_TO_STRING(value.get());
+    if (!text.UTF8Characters || text.UTF8Length == 0 || text.UTF8Length >= size) {
+        return false;
+    }
     memcpy(buffer, text.UTF8Characters, text.UTF8Length);
     buffer[text.UTF8Length] = '\0';
     return true;
+}
+
+/// @return `window.location`; empty when there is none, or when the question has ended the plug-in
+ScriptObject readLocation(NPP instance, const InstanceWatch& plugin) {
+    NPObject* given = nullptr;
+    if (NPN_GetValue(instance, NPNVWindowNPObject, &given) != NPERR_NO_ERROR || !given) {
+        FRAMEWORK_LOG("The browser gives no window: the page's address is not known\n");
+        return ScriptObject();
+    }
+    // Given back here: engines free a frame's window with the frame, which the next question may end.
+    const ScriptObject window(given);
+    return plugin.alive() ? readProperty(instance, window, "location").takeObject() : ScriptObject();
 }
 
 } // namespace
@@ -30,22 +46,14 @@ bool GetPageUrl(NPP* instance, char* url, size_t size) {
         return false;
     }
     url[0] = '\0';
-    NPObject* window = nullptr;
-    if (!instance || NPN_GetValue(*instance, NPNVWindowNPObject, &window) != NPERR_NO_ERROR || !window) {
-        FRAMEWORK_LOG("The browser gives no window: the page's address is not known\n");
+    if (!instance) {
         return false;
     }
-    bool found = false;
-    NPVariant location;
-    if (readProperty(*instance, window, "location", &location)) {
-        NPVariant href;
-        if (NPVARIANT_IS_OBJECT(location) && readProperty(*instance, NPVARIANT_TO_OBJECT(location), "href", &href)) {
-            found = copyText(href, url, size);
-            NPN_ReleaseVariantValue(&href);
-        }
-        NPN_ReleaseVariantValue(&location);
-    }
-    NPN_ReleaseObject(window);
+    // Copies: what follows may delete the plug-in, and the handle with it.
+    const NPP handle = *instance;
+    const InstanceWatch plugin(instance);
+    const ScriptObject location = readLocation(handle, plugin);
+    const bool found = location && plugin.alive() && copyText(readProperty(handle, location, "href"), url, size);
     if (!found) {
         FRAMEWORK_LOG("The page has no address of at most %u bytes in window.location.href\n",
                       static_cast<unsigned>(size - 1));

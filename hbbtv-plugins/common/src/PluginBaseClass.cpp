@@ -1,8 +1,12 @@
 #include "PluginBaseClass.h"
 
+#include "InstanceWatch.h"
+
 PluginBaseClass::PluginBaseClass() : m_pNPInstance(nullptr) {}
 
-PluginBaseClass::~PluginBaseClass() = default;
+PluginBaseClass::~PluginBaseClass() {
+    InstanceWatch::instanceDeleted(&m_pNPInstance);
+}
 
 NPP* PluginBaseClass::getNPP() {
     return &m_pNPInstance;

@@ -10,7 +10,6 @@
 #include "AVComponent/HbbTVVideoComponentClass.h"
 
 #include <memory>
-#include <vector>
 
 typedef enum eAVComponentCollectionType_e {
     AVAILABLE_AUDIO_COMPONENTS_COLLECTION = 0,
@@ -35,9 +34,11 @@ public:
     /**
      * Updates the collection to the player's current components. Components that the player still has keep their script
      * objects; the others are detached from theirs.
+     * The release of a script object may end the plug-in, and this object with it.
      * @param player handle of the adaptation layer
+     * @return false when this object has gone, or after an error line without memory: the collection is then as it was
      */
-    void update(int player);
+    [[nodiscard]] bool update(int player);
 
     /** @return the script object, without a reference for the caller; null without memory */
     NPObject* getNPObject();
@@ -51,19 +52,25 @@ public:
 private:
     /** One component; only the owner of its type is set. */
     struct Item {
-        Hbbtv_AL_ComponentInfo info;
+        NPObject* scriptObject() const;
+
+        Hbbtv_AL_ComponentInfo info = {};
         std::unique_ptr<HbbTVVideoComponentClass> video;
         std::unique_ptr<HbbTVAudioComponentClass> audio;
         std::unique_ptr<HbbTVSubtitleComponentClass> subtitle;
+        Item* next = nullptr; ///< while the items are updated: the one of the former items that is the same component
     };
 
-    std::vector<Hbbtv_AL_ComponentInfo> query(int player) const;
-    Item makeItem(const Hbbtv_AL_ComponentInfo& info);
+    bool query(int player, std::unique_ptr<Hbbtv_AL_ComponentInfo[]>* list, int* count) const;
+    bool fillItems(Item* items, const Hbbtv_AL_ComponentInfo* list, int count, int* length);
+    Item* findFormer(const Hbbtv_AL_ComponentInfo& info);
+    bool makeOwner(Item* item, const Hbbtv_AL_ComponentInfo& info);
 
     NPP* m_instance;
     eAVComponentCollectionType_e m_type;
-    std::vector<Item> m_items; ///< all of the type: inactive ones keep their script objects too
-    int m_length;              ///< the number of items, from the first, that the collection contains
+    std::unique_ptr<Item[]> m_items; ///< all of the type: inactive ones keep their script objects too
+    int m_itemCount;
+    int m_length; ///< the number of items, from the first, that the collection contains
     NPObjectHbbTV* m_JSObject;
 };
 

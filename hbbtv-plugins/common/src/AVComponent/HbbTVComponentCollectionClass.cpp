@@ -1,7 +1,11 @@
 #include "AVComponent/HbbTVComponentCollectionClass.h"
 
+#include "FrameworkLog.h"
+#include "InstanceWatch.h"
+
 #include <algorithm>
 #include <math.h>
+#include <new>
 #include <stdlib.h>
 #include <string.h>
 #include <utility>
@@ -95,16 +99,17 @@ bool sameComponent(const Hbbtv_AL_ComponentInfo& a, const Hbbtv_AL_ComponentInfo
            a.audioChannels == b.audioChannels && a.hearingImpaired == b.hearingImpaired;
 }
 
-void appendComponents(int player, AVComponentType type, std::vector<Hbbtv_AL_ComponentInfo>* list) {
-    std::vector<Hbbtv_AL_ComponentInfo> components(MOST_COMPONENTS);
-    const int count = Hbbtv_AL_MediaPlayerGetComponents(player, type, components.data(), MOST_COMPONENTS);
-    for (int i = 0; i < std::min(count, MOST_COMPONENTS); ++i) {
-        Hbbtv_AL_ComponentInfo& info = components[static_cast<size_t>(i)];
-        info.type = type;
-        info.encoding[sizeof info.encoding - 1] = '\0';
-        info.language[sizeof info.language - 1] = '\0';
-        list->push_back(info);
+/// Adds the player's components of one type to a list with room for MOST_COMPONENTS more.
+void appendComponents(int player, AVComponentType type, Hbbtv_AL_ComponentInfo* list, int* count) {
+    Hbbtv_AL_ComponentInfo* const added = list + *count;
+    const int known = Hbbtv_AL_MediaPlayerGetComponents(player, type, added, MOST_COMPONENTS);
+    const int listed = std::max(0, std::min(known, MOST_COMPONENTS));
+    for (int i = 0; i < listed; ++i) {
+        added[i].type = type;
+        added[i].encoding[sizeof added[i].encoding - 1] = '\0';
+        added[i].language[sizeof added[i].language - 1] = '\0';
     }
+    *count += listed;
 }
 
 } // namespace
@@ -123,7 +128,7 @@ void initializeComponentCollectionNPClass() {
 }
 
 HbbTVComponentCollectionClass::HbbTVComponentCollectionClass(NPP* instance, eAVComponentCollectionType_e type)
-    : m_instance(instance), m_type(type), m_length(0), m_JSObject(nullptr) {
+    : m_instance(instance), m_type(type), m_itemCount(0), m_length(0), m_JSObject(nullptr) {
     m_JSObject = createRecord(*instance, &collectionClass, NPOBJECT_COMPONENT_COLLECTION_CLASS, type, this);
 }
 
@@ -131,25 +136,66 @@ HbbTVComponentCollectionClass::~HbbTVComponentCollectionClass() {
     detachRecord(m_JSObject);
 }
 
-void HbbTVComponentCollectionClass::update(int player) {
-    std::vector<Item> former;
-    former.swap(m_items);
-    for (const Hbbtv_AL_ComponentInfo& info : query(player)) {
-        const auto known = std::find_if(former.begin(), former.end(),
-                                        [&info](const Item& item) { return sameComponent(info, item.info); });
-        if (known == former.end()) {
-            m_items.push_back(makeItem(info));
-        } else {
-            m_items.push_back(std::move(*known));
-            m_items.back().info.active = info.active;
-            former.erase(known);
+bool HbbTVComponentCollectionClass::update(int player) {
+    std::unique_ptr<Hbbtv_AL_ComponentInfo[]> list;
+    std::unique_ptr<Item[]> items;
+    int count = 0;
+    int length = 0;
+    if (query(player, &list, &count)) {
+        items.reset(new (std::nothrow) Item[static_cast<size_t>(count)]);
+    }
+    const bool complete = items && fillItems(items.get(), list.get(), count, &length);
+    for (int i = 0; i < m_itemCount; ++i) {
+        Item& former = m_items[static_cast<size_t>(i)];
+        if (Item* const item = std::exchange(former.next, nullptr); complete && item) {
+            item->video = std::move(former.video);
+            item->audio = std::move(former.audio);
+            item->subtitle = std::move(former.subtitle);
         }
     }
-    const auto end = m_type < ACTIVE_AUDIO_COMPONENTS_COLLECTION
-                         ? m_items.end()
-                         : std::stable_partition(m_items.begin(), m_items.end(),
-                                                 [](const Item& item) { return item.info.active != 0; });
-    m_length = static_cast<int>(end - m_items.begin());
+    if (!complete) {
+        FRAMEWORK_LOG_ERROR("No memory for the list of %d components: it stays as it was\n", count);
+        return false;
+    }
+    m_items.swap(items);
+    m_itemCount = count;
+    m_length = length;
+    const InstanceWatch plugin(m_instance);
+    items.reset();
+    return plugin.alive();
+}
+
+/// Fills a new list, the items that the collection shows first. Former items that are the same components learn of
+/// their successors. @return false without memory
+bool HbbTVComponentCollectionClass::fillItems(Item* items, const Hbbtv_AL_ComponentInfo* list, int count, int* length) {
+    const bool showsAll = m_type < ACTIVE_AUDIO_COMPONENTS_COLLECTION;
+    Item* item = items;
+    for (const bool shown : {true, false}) {
+        for (const Hbbtv_AL_ComponentInfo* info = list; info != list + count; ++info) {
+            if ((showsAll || info->active != 0) != shown) {
+                continue;
+            }
+            Item* const known = findFormer(*info);
+            if (known) {
+                known->next = item;
+                item->info = known->info;
+                item->info.active = info->active;
+            } else if (!makeOwner(item, *info)) {
+                return false;
+            }
+            ++item;
+        }
+        *length += shown ? static_cast<int>(item - items) : 0;
+    }
+    return true;
+}
+
+/// @return an item of the present list that is the same component, and has no successor yet; null for none
+HbbTVComponentCollectionClass::Item* HbbTVComponentCollectionClass::findFormer(const Hbbtv_AL_ComponentInfo& info) {
+    Item* const end = m_items.get() + m_itemCount;
+    Item* const found = std::find_if(
+        m_items.get(), end, [&info](const Item& item) { return !item.next && sameComponent(info, item.info); });
+    return found == end ? nullptr : found;
 }
 
 NPObject* HbbTVComponentCollectionClass::getNPObject() {
@@ -161,56 +207,53 @@ int HbbTVComponentCollectionClass::length() const {
 }
 
 NPObject* HbbTVComponentCollectionClass::item(int index) {
-    if (index < 0 || index >= length()) {
-        return nullptr;
-    }
-    const Item& found = m_items[static_cast<size_t>(index)];
-    if (found.video) {
-        return found.video->getNPObject();
-    }
-    return found.audio ? found.audio->getNPObject() : found.subtitle->getNPObject();
+    return index < 0 || index >= length() ? nullptr : m_items[static_cast<size_t>(index)].scriptObject();
 }
 
-std::vector<Hbbtv_AL_ComponentInfo> HbbTVComponentCollectionClass::query(int player) const {
-    std::vector<Hbbtv_AL_ComponentInfo> list;
-    if (!Hbbtv_AL_MediaPlayerGetComponents || player < 0) {
-        return list;
+NPObject* HbbTVComponentCollectionClass::Item::scriptObject() const {
+    if (video) {
+        return video->getNPObject();
     }
-    switch (m_type) {
-    case AVAILABLE_VIDEO_COMPONENTS_COLLECTION:
-    case ACTIVE_VIDEO_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, &list);
-        break;
-    case AVAILABLE_AUDIO_COMPONENTS_COLLECTION:
-    case ACTIVE_AUDIO_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, &list);
-        break;
-    case AVAILABLE_SUBTITLE_COMPONENTS_COLLECTION:
-    case ACTIVE_SUBTITLE_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, &list);
-        break;
-    case AVAILABLE_ALL_COMPONENTS_COLLECTION:
-        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, &list);
-        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, &list);
-        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, &list);
-        break;
+    if (audio) {
+        return audio->getNPObject();
     }
-    return list;
+    return subtitle ? subtitle->getNPObject() : nullptr;
 }
 
-HbbTVComponentCollectionClass::Item HbbTVComponentCollectionClass::makeItem(const Hbbtv_AL_ComponentInfo& info) {
-    Item item;
-    item.info = info;
+/// @return false without memory
+bool HbbTVComponentCollectionClass::query(int player, std::unique_ptr<Hbbtv_AL_ComponentInfo[]>* list,
+                                          int* count) const {
+    constexpr int MOST_TYPES = 3;
+    list->reset(new (std::nothrow) Hbbtv_AL_ComponentInfo[MOST_COMPONENTS * MOST_TYPES]());
+    if (!*list || !Hbbtv_AL_MediaPlayerGetComponents || player < 0) {
+        return *list != nullptr;
+    }
+    const bool all = m_type == AVAILABLE_ALL_COMPONENTS_COLLECTION;
+    if (all || m_type == AVAILABLE_VIDEO_COMPONENTS_COLLECTION || m_type == ACTIVE_VIDEO_COMPONENTS_COLLECTION) {
+        appendComponents(player, AV_COMPONENT_TYPE_VIDEO, list->get(), count);
+    }
+    if (all || m_type == AVAILABLE_AUDIO_COMPONENTS_COLLECTION || m_type == ACTIVE_AUDIO_COMPONENTS_COLLECTION) {
+        appendComponents(player, AV_COMPONENT_TYPE_AUDIO, list->get(), count);
+    }
+    if (all || m_type == AVAILABLE_SUBTITLE_COMPONENTS_COLLECTION || m_type == ACTIVE_SUBTITLE_COMPONENTS_COLLECTION) {
+        appendComponents(player, AV_COMPONENT_TYPE_SUBTITLE, list->get(), count);
+    }
+    return true;
+}
+
+/// Makes the owner of a component. @return false without memory
+bool HbbTVComponentCollectionClass::makeOwner(Item* item, const Hbbtv_AL_ComponentInfo& info) {
+    item->info = info;
     switch (info.type) {
     case AV_COMPONENT_TYPE_VIDEO:
-        item.video = std::make_unique<HbbTVVideoComponentClass>(m_instance, info);
+        item->video.reset(new (std::nothrow) HbbTVVideoComponentClass(m_instance, info));
         break;
     case AV_COMPONENT_TYPE_AUDIO:
-        item.audio = std::make_unique<HbbTVAudioComponentClass>(m_instance, info);
+        item->audio.reset(new (std::nothrow) HbbTVAudioComponentClass(m_instance, info));
         break;
     default:
-        item.subtitle = std::make_unique<HbbTVSubtitleComponentClass>(m_instance, info);
+        item->subtitle.reset(new (std::nothrow) HbbTVSubtitleComponentClass(m_instance, info));
         break;
     }
-    return item;
+    return item->scriptObject() != nullptr;
 }

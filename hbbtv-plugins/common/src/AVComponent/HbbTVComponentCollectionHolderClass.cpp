@@ -51,6 +51,5 @@ NPObject* HbbTVComponentCollectionHolderClass::getActiveSubtitleComponents() {
 }
 
 NPObject* HbbTVComponentCollectionHolderClass::upToDate(HbbTVComponentCollectionClass& collection) {
-    collection.update(m_player);
-    return collection.getNPObject();
+    return collection.update(m_player) ? collection.getNPObject() : nullptr;
 }

@@ -3,6 +3,9 @@
 #include "HbbTVExport.h"
 
 #include <algorithm>
+#include <new>
+#include <stdio.h>
+#include <string.h>
 #include <time.h>
 
 namespace {
@@ -82,7 +85,10 @@ HbbTVPluginTraceValue pluginTraceValue(const NPVariant& variant) {
     case NPVariantType_Double:
         return numberOf(NPVARIANT_TO_DOUBLE(variant));
     case NPVariantType_String:
-        return pluginTraceString(NPVARIANT_TO_STRING(variant).UTF8Characters, NPVARIANT_TO_STRING(variant).UTF8Length);
+        return NPVARIANT_TO_STRING(variant).UTF8Characters
+                   ? pluginTraceString(NPVARIANT_TO_STRING(variant).UTF8Characters,
+                                       NPVARIANT_TO_STRING(variant).UTF8Length)
+                   : pluginTraceString("", 0);
     case NPVariantType_Object:
         return valueOf(HBBTV_VALUE_OBJECT);
     case NPVariantType_Void:
@@ -91,18 +97,29 @@ HbbTVPluginTraceValue pluginTraceValue(const NPVariant& variant) {
     return valueOf(HBBTV_VALUE_UNDEFINED);
 }
 
-std::vector<HbbTVPluginTraceValue> pluginTraceValues(const NPVariant* args, uint32_t count) {
-    std::vector<HbbTVPluginTraceValue> values(count);
-    std::transform(args, args + count, values.begin(), pluginTraceValue);
-    return values;
+PluginTraceValues::PluginTraceValues(const NPVariant* args, uint32_t count)
+    : m_values(new (std::nothrow) HbbTVPluginTraceValue[count]), m_count(m_values ? count : 0) {
+    std::transform(args, args + m_count, m_values.get(), pluginTraceValue);
 }
 
-std::string describeIdentifier(NPIdentifier identifier) {
+TraceName::TraceName(NPIdentifier identifier) : text() {
     if (!NPN_IdentifierIsString(identifier)) {
-        return std::to_string(NPN_IntFromIdentifier(identifier));
+        snprintf(text, sizeof text, "%d", NPN_IntFromIdentifier(identifier));
+        return;
     }
-    NPUTF8* name = NPN_UTF8FromIdentifier(identifier);
-    const std::string text = name ? name : "?";
-    NPN_MemFree(name);
-    return text;
+    NPUTF8* const name = NPN_UTF8FromIdentifier(identifier);
+    *this = TraceName(name ? name : "?");
+    if (name) {
+        NPN_MemFree(name);
+    }
+}
+
+TraceName::TraceName(const NPString& string) : text() {
+    if (string.UTF8Characters) {
+        strncpy(text, string.UTF8Characters, std::min<size_t>(string.UTF8Length, sizeof text - 1));
+    }
+}
+
+TraceName::TraceName(const char* string) : text() {
+    strncpy(text, string, sizeof text - 1);
 }

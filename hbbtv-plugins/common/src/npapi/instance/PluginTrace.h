@@ -6,8 +6,7 @@
 
 #include "npapi/npruntime.h"
 
-#include <string>
-#include <vector>
+#include <memory>
 
 /** @return true while an observer is set; the functions that follow are called only then */
 bool pluginTraceIsOn();
@@ -30,10 +29,28 @@ HbbTVPluginTraceValue pluginTraceValue(const NPVariant& value);
 /** @return the string, whose bytes stay the caller's */
 HbbTVPluginTraceValue pluginTraceString(const char* bytes, size_t length);
 
-/** @return the values of script's arguments; their strings' bytes stay the variants' */
-std::vector<HbbTVPluginTraceValue> pluginTraceValues(const NPVariant* args, uint32_t count);
+/** The values of script's arguments, none without memory. Their strings' bytes stay the variants'. */
+class PluginTraceValues {
+public:
+    PluginTraceValues() : m_count(0) {}
+    PluginTraceValues(const NPVariant* args, uint32_t count);
 
-/** @return the name of an identifier */
-std::string describeIdentifier(NPIdentifier identifier);
+    const HbbTVPluginTraceValue* get() const { return m_values.get(); }
+    uint32_t count() const { return m_count; }
+
+private:
+    std::unique_ptr<HbbTVPluginTraceValue[]> m_values;
+    uint32_t m_count;
+};
+
+/** A name in traces, cut when it is long. */
+struct TraceName {
+    TraceName() : text() {}
+    explicit TraceName(NPIdentifier identifier);
+    explicit TraceName(const NPString& string);
+    explicit TraceName(const char* string);
+
+    char text[64];
+};
 
 #endif

@@ -17,6 +17,9 @@ constexpr char CALL_REPORTING[] = "var args = Array.prototype.slice.call(argumen
 
 ScriptValue callPageFunction(const InstanceRef& instance, const ScriptObject& function, const NPVariant* args,
                              uint32_t argCount) {
+    if (!function) {
+        return ScriptValue();
+    }
     // Made for each call: QtWebKit drops kept functions when another instance of the page goes.
     const ScriptObject caller = makeWindowFunction(instance, "page, element", CALL_REPORTING);
     const ScriptObject element = instance.element();

@@ -1,8 +1,9 @@
 #include "npapi/page/PageCallTrace.h"
 
 #include "npapi/instance/PluginInstance.h"
-#include "npapi/instance/PluginTrace.h"
 #include "npapi/page/PageFunction.h"
+
+#include <string.h>
 
 PageCallTrace::PageCallTrace(const InstanceRef& instance, const NPObject* function, const NPVariant* args,
                              uint32_t argCount)
@@ -11,10 +12,10 @@ PageCallTrace::PageCallTrace(const InstanceRef& instance, const NPObject* functi
         return;
     }
     const char* const name = pageFunctionName(function);
-    m_name = name ? name : "function";
+    m_name = TraceName(name ? name : "function");
     traceState(instance);
     if (argCount != 1 || !NPVARIANT_IS_OBJECT(args[0]) || !readEvent(instance, args[0])) {
-        m_arguments = pluginTraceValues(args, argCount);
+        m_arguments = PluginTraceValues(args, argCount);
     }
     m_instance = instance.number();
     m_start = pluginTraceNow();
@@ -24,20 +25,18 @@ PageCallTrace::PageCallTrace(const InstanceRef& instance, const NPObject* functi
 bool PageCallTrace::readEvent(const InstanceRef& instance, const NPVariant& event) {
     const ScriptObject object = ScriptObject::to(NPVARIANT_TO_OBJECT(event));
     const HbbTVListenerProperty* entry = instance ? instance.get()->module().listenerProperties : nullptr;
-    while (entry && entry->listener && m_name != entry->listener) {
+    while (entry && entry->listener && strcmp(m_name.text, entry->listener)) {
         ++entry;
     }
-    const ScriptValue value = entry && entry->listener ? instance.property(object, entry->property) : ScriptValue();
-    if (!value) {
+    if (!entry || !entry->listener) {
+        return false;
+    }
+    m_value = instance.property(object, entry->property);
+    if (!m_value) {
         return false;
     }
     m_property = entry->property;
-    m_arguments.push_back(pluginTraceValue(value.get()));
-    if (value.isString()) {
-        const NPString& text = NPVARIANT_TO_STRING(value.get());
-        m_text.assign(text.UTF8Characters, text.UTF8Length);
-        m_arguments.back() = pluginTraceString(m_text.data(), m_text.size());
-    }
+    m_arguments = PluginTraceValues(&m_value.get(), 1);
     return true;
 }
 
@@ -46,7 +45,7 @@ bool PageCallTrace::finished(bool succeeded) const {
         HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_EVENT, m_instance);
         const int64_t took = entry.timeUs - m_start;
         entry.timeUs = m_start;
-        entry.event = {m_name.c_str(), m_property, m_arguments.data(), static_cast<uint32_t>(m_arguments.size()), took};
+        entry.event = {m_name.text, m_property, m_arguments.get(), m_arguments.count(), took};
         pluginTraceEntry(entry);
         if (!succeeded) {
             entry.kind = HBBTV_TRACE_ERROR;

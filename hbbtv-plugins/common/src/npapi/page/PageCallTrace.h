@@ -2,12 +2,8 @@
 #ifndef PAGECALLTRACE_H
 #define PAGECALLTRACE_H
 
-#include "HbbTVPluginTrace.h"
-
 #include "npapi/instance/InstanceRef.h"
-
-#include <string>
-#include <vector>
+#include "npapi/instance/PluginTrace.h"
 
 /**
  * Made before the call of a page's function, notified when it returns. The arguments outlive it. Costs nothing while
@@ -27,10 +23,10 @@ private:
 
     int m_instance; ///< its number; 0 while no observer is set
     int64_t m_start;
-    std::string m_name;
-    std::vector<HbbTVPluginTraceValue> m_arguments;
+    TraceName m_name;
+    PluginTraceValues m_arguments;
     const char* m_property; ///< of the event object; null when the function got the arguments as they are
-    std::string m_text;     ///< bytes of that property's value, when it is a string
+    ScriptValue m_value;    ///< of that property
 };
 
 #endif

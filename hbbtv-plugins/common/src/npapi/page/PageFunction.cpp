@@ -14,7 +14,7 @@ struct PageFunction {
     InstanceRef instance;
     int number;         ///< its own among those of the instance
     PageFunction* next; ///< of the instance
-    char name[64];
+    TraceName name;
 };
 
 namespace {
@@ -35,7 +35,7 @@ bool writeFunction(const InstanceRef& instance, int number, const NPVariant& val
 
 NPObject* allocate(NPP, NPClass*) {
     void* const memory = NPN_MemAlloc(sizeof(PageFunction));
-    return memory ? &(new (memory) PageFunction{{}, {}, 0, nullptr, ""})->object : nullptr;
+    return memory ? &(new (memory) PageFunction{{}, {}, 0, nullptr, {}})->object : nullptr;
 }
 
 /// Takes a substitute out of its instance's list, so that its number is free.
@@ -117,7 +117,7 @@ bool isSubstitute(const NPVariant& value) {
 
 } // namespace
 
-ScriptObject keepPageFunction(const InstanceRef& instance, const char* name, NPObject* function) {
+ScriptObject keepPageFunction(const InstanceRef& instance, const TraceName& name, NPObject* function) {
     ScriptObject substitute(instance ? NPN_CreateObject(instance.npp(), &pageFunctionClass) : nullptr);
     PluginInstance* const live = instance.get();
     if (!substitute || !live) {
@@ -128,14 +128,14 @@ ScriptObject keepPageFunction(const InstanceRef& instance, const char* name, NPO
     kept->number = freeNumber(*live);
     kept->next = live->pageFunctions;
     live->pageFunctions = kept;
-    strncpy(kept->name, name, sizeof kept->name - 1);
+    kept->name = name;
     NPVariant value;
     OBJECT_TO_NPVARIANT(function, value);
     return writeFunction(instance, kept->number, value) ? std::move(substitute) : ScriptObject::to(function);
 }
 
 const char* pageFunctionName(const NPObject* object) {
-    return object && object->_class == &pageFunctionClass ? reinterpret_cast<const PageFunction*>(object)->name
+    return object && object->_class == &pageFunctionClass ? reinterpret_cast<const PageFunction*>(object)->name.text
                                                           : nullptr;
 }
 

@@ -3,6 +3,7 @@
 #define PAGEFUNCTION_H
 
 #include "npapi/instance/InstanceRef.h"
+#include "npapi/instance/PluginTrace.h"
 
 #include <memory>
 
@@ -12,11 +13,11 @@
  * An engine may tie the object of a script function to any plug-in instance of the page: when that instance is removed,
  * the object is dead, although it belongs to another. So the plug-in is given a substitute, the function itself is kept
  * on the element, and an object for it is asked of the engine anew whenever it is needed.
- * @param name     for traces, for example "onPlayStateChange"; cut when it is long
+ * @param name     of the handler, or type of the event
  * @param function any script object
  * @return the substitute; the function itself when the page cannot keep it
  */
-ScriptObject keepPageFunction(const InstanceRef& instance, const char* name, NPObject* function);
+ScriptObject keepPageFunction(const InstanceRef& instance, const TraceName& name, NPObject* function);
 
 /** @return the name of a substitute; null when the object is none */
 const char* pageFunctionName(const NPObject* object);

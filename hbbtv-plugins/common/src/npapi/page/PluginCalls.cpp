@@ -19,11 +19,11 @@ bool invokeTraced(const InstanceRef& instance, const ScriptObject& element, NPId
     if (!pluginTraceIsOn()) {
         return live->plugin().invoke(element.get(), name, args, argCount, result);
     }
-    const std::string method = describeIdentifier(name);
-    const std::vector<HbbTVPluginTraceValue> arguments = pluginTraceValues(args, argCount);
+    const TraceName method(name);
+    const PluginTraceValues arguments(args, argCount);
     HbbTVPluginTraceEntry entry = pluginTraceEntryNow(HBBTV_TRACE_CALL, instance.number());
     const bool known = live->plugin().invoke(element.get(), name, args, argCount, result);
-    entry.call = {method.c_str(), arguments.data(), argCount, pluginTraceValue(*result),
+    entry.call = {method.text, arguments.get(), arguments.count(), pluginTraceValue(*result),
                   pluginTraceNow() - entry.timeUs};
     pluginTraceEntry(entry);
     traceState(instance);
@@ -38,13 +38,12 @@ bool writePlugin(const InstanceRef& instance, NPIdentifier name, const NPVariant
     }
     const OperationScope scope;
     if (pluginTraceIsOn()) {
-        pluginTraceProperty(HBBTV_TRACE_WRITE, instance.number(), describeIdentifier(name).c_str(),
-                            pluginTraceValue(value));
+        pluginTraceProperty(HBBTV_TRACE_WRITE, instance.number(), TraceName(name).text, pluginTraceValue(value));
     }
     ScriptObject kept;
     NPVariant passed = value;
     if (NPVARIANT_IS_OBJECT(value)) {
-        kept = keepPageFunction(instance, describeIdentifier(name).c_str(), NPVARIANT_TO_OBJECT(value));
+        kept = keepPageFunction(instance, TraceName(name), NPVARIANT_TO_OBJECT(value));
         passed = kept.borrowed();
     }
     PluginInstance* const live = instance.get();
@@ -58,9 +57,8 @@ bool invokePlugin(const InstanceRef& instance, const ScriptObject& element, NPId
     if (argCount < 2 || argCount > MOST_ARGUMENTS || !NPVARIANT_IS_STRING(args[0]) || !NPVARIANT_IS_OBJECT(args[1])) {
         return invokeTraced(instance, element, name, args, argCount, result);
     }
-    const NPString& type = NPVARIANT_TO_STRING(args[0]);
-    const ScriptObject kept = keepPageFunction(instance, std::string(type.UTF8Characters, type.UTF8Length).c_str(),
-                                               NPVARIANT_TO_OBJECT(args[1]));
+    const TraceName type(NPVARIANT_TO_STRING(args[0]));
+    const ScriptObject kept = keepPageFunction(instance, type, NPVARIANT_TO_OBJECT(args[1]));
     NPVariant values[MOST_ARGUMENTS];
     std::copy(args, args + argCount, values);
     values[1] = kept.borrowed();

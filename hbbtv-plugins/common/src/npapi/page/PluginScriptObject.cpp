@@ -57,7 +57,8 @@ bool invoke(NPObject* object, NPIdentifier name, const NPVariant* args, uint32_t
     if (known) {
         presentAsArray(instance, result);
     }
-    return known;
+    // A page that ends the instance inside the call gets undefined, and no exception.
+    return known || !instance;
 }
 
 bool invokeDefault(NPObject*, const NPVariant*, uint32_t, NPVariant*) {
@@ -87,7 +88,7 @@ bool getProperty(NPObject* object, NPIdentifier name, NPVariant* result) {
     }
     if (pluginTraceIsOn() && instance) {
         const HbbTVPluginTraceValue none = {};
-        pluginTraceProperty(HBBTV_TRACE_READ, instance.number(), describeIdentifier(name).c_str(),
+        pluginTraceProperty(HBBTV_TRACE_READ, instance.number(), TraceName(name).text,
                             found ? pluginTraceValue(*result) : none);
     }
     return found;
