@@ -39,11 +39,7 @@ TimelineRecording::TimelineRecording(const CommandLine& commandLine, int64_t sta
 TimelineRecording::~TimelineRecording() = default;
 
 Result<void, QString> TimelineRecording::checkFile() const {
-    const QString problem = m_file ? m_file->problem() : QString();
-    if (!problem.isEmpty()) {
-        return Failure{problem};
-    }
-    return {};
+    return m_file ? m_file->check() : Result<void, QString>();
 }
 
 void TimelineRecording::follow(TvPage& page) {

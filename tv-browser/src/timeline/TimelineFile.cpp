@@ -10,8 +10,11 @@ TimelineFile::TimelineFile(const QString& path) : m_file(path) {
     m_file.open(QIODevice::WriteOnly | QIODevice::Truncate);
 }
 
-QString TimelineFile::problem() const {
-    return m_file.isOpen() ? QString() : m_file.errorString();
+Result<void, QString> TimelineFile::check() const {
+    if (!m_file.isOpen()) {
+        return Failure{m_file.errorString()};
+    }
+    return {};
 }
 
 void TimelineFile::write(const TimelineEntries& entries) {

@@ -2,6 +2,7 @@
 #ifndef TIMELINEFILE_H
 #define TIMELINEFILE_H
 
+#include "base/Result.h"
 #include "timeline/TimelineEntry.h"
 
 #include <QFile>
@@ -14,8 +15,8 @@ public:
     /** Creates the file, or empties it. */
     explicit TimelineFile(const QString& path);
 
-    /** @return why the file cannot be written; empty when it can */
-    QString problem() const;
+    /** @return why the file cannot be written */
+    Result<void, QString> check() const;
 
     /** Writes the entries to the disk at once, so that a crash loses none of them. */
     void write(const TimelineEntries& entries);
