@@ -1,12 +1,11 @@
 /**
  * Switches the tracks of a pipeline.
  *
- *                       select()
- *     SETTLED <------------------------> DUE <----------------------------+
- *        ^      no other stream wanted    | issueSelection()              |
- *        |                                v                               |
- *        +---- STREAMS_SELECTED ----- SELECTING --select()--> SELECTING_THEN_DUE
- *                                                              STREAMS_SELECTED: back to DUE
+ *     SETTLED --select()--> DUE --issueSelection()--> SELECTING --STREAMS_SELECTED--> SETTLED
+ *                            |                            |
+ *                            | nothing new is wanted      | select()
+ *                            v                            v
+ *                         SETTLED               SELECTING_THEN_DUE --STREAMS_SELECTED--> DUE
  *
  * A selection waits for the pipeline to settle: before that, adaptive streams lose it. It runs beside the phases of the
  * SeekController; when the pipeline has the streams, a seek to where it is makes the change seen and heard at once.
