@@ -124,7 +124,9 @@ void memFree(void* block) {
 
 void asyncCall(NPP handle, void (*function)(void*), void* data) {
     const Point point("NPN_PluginThreadAsyncCall");
-    elementOf(handle);
+    if (browser().pluginThread == std::this_thread::get_id()) {
+        elementOf(handle); // A player's thread may come after the instance: engines only compare the handle then.
+    }
     const std::lock_guard<std::mutex> lock(browser().mutex);
     browser().calls.push_back({handle, function, data});
 }
