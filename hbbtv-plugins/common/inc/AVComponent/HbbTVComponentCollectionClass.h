@@ -69,8 +69,9 @@ private:
     NPP* m_instance;
     eAVComponentCollectionType_e m_type;
     std::unique_ptr<Item[]> m_items; ///< all of the type: inactive ones keep their script objects too
-    int m_itemCount;
-    int m_length; ///< the number of items, from the first, that the collection contains
+    alignas(void*) int m_itemCount;
+    [[maybe_unused]] void* m_reserved; ///< keeps the layout that plug-ins and frameworks were built with
+    int m_length;                      ///< the number of items, from the first, that the collection contains
     NPObjectHbbTV* m_JSObject;
 };
 

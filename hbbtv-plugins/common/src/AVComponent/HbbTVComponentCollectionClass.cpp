@@ -128,7 +128,7 @@ void initializeComponentCollectionNPClass() {
 }
 
 HbbTVComponentCollectionClass::HbbTVComponentCollectionClass(NPP* instance, eAVComponentCollectionType_e type)
-    : m_instance(instance), m_type(type), m_itemCount(0), m_length(0), m_JSObject(nullptr) {
+    : m_instance(instance), m_type(type), m_itemCount(0), m_reserved(nullptr), m_length(0), m_JSObject(nullptr) {
     m_JSObject = createRecord(*instance, &collectionClass, NPOBJECT_COMPONENT_COLLECTION_CLASS, type, this);
 }
 
