@@ -166,6 +166,7 @@ static Outcome fail(VideoPlugin& plugin, int code) {
     return notifyPlayState(plugin, MP_ERROR);
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table of the reports
 void VideoPlugin::MediaCallback(int event, int code, void* /*pData*/) {
     if (!m_pNpVarProperties) {
         LOG_ERROR("Report %d of the player comes before initialize: it is dropped\n", event);

@@ -223,7 +223,7 @@ NPObject* HbbTVComponentCollectionClass::Item::scriptObject() const {
 /// @return false without memory
 bool HbbTVComponentCollectionClass::query(int player, std::unique_ptr<Hbbtv_AL_ComponentInfo[]>* list,
                                           int* count) const {
-    constexpr int MOST_TYPES = 3;
+    constexpr size_t MOST_TYPES = 3;
     list->reset(new (std::nothrow) Hbbtv_AL_ComponentInfo[MOST_COMPONENTS * MOST_TYPES]());
     if (!*list || !Hbbtv_AL_MediaPlayerGetComponents || player < 0) {
         return *list != nullptr;

@@ -25,7 +25,7 @@ PageCallTrace::PageCallTrace(const InstanceRef& instance, const NPObject* functi
 bool PageCallTrace::readEvent(const InstanceRef& instance, const NPVariant& event) {
     const ScriptObject object = ScriptObject::to(NPVARIANT_TO_OBJECT(event));
     const HbbTVListenerProperty* entry = instance ? instance.get()->module().listenerProperties : nullptr;
-    while (entry && entry->listener && strcmp(m_name.text, entry->listener)) {
+    while (entry && entry->listener && strcmp(m_name.text, entry->listener) != 0) {
         ++entry;
     }
     if (!entry || !entry->listener) {
