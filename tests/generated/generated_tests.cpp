@@ -22,6 +22,7 @@ void print(const std::vector<Finding>& findings, const std::function<std::string
         byCause[finding.cause].push_back(&finding);
     }
     std::vector<std::vector<const Finding*>> groups;
+    groups.reserve(byCause.size());
     for (const auto& [cause, group] : byCause) {
         groups.push_back(group);
     }
@@ -64,7 +65,7 @@ std::string placeInSources(const std::string& name) {
 int runGeneratedTests(int argc, char* argv[], const char* about, const std::function<Cases()>& make) {
     std::map<std::string, std::string> options;
     for (int i = 1; i < argc; ++i) {
-        const bool takesValue = strcmp(argv[i], "--list") && strcmp(argv[i], "--help");
+        const bool takesValue = strcmp(argv[i], "--list") != 0 && strcmp(argv[i], "--help") != 0;
         options[argv[i]] = takesValue && i + 1 < argc ? argv[i + 1] : "";
         i += takesValue;
     }

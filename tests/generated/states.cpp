@@ -97,13 +97,15 @@ void addScriptOperations(std::vector<Step>& all) {
     for (const std::string& name : words(std::string(PROPERTIES) + HANDLERS)) {
         all.push_back({"read " + name, [=](Scene& scene) { scene.element().get(name); }});
         for (const auto& [text, make] : values()) {
-            all.push_back({name + " = " + text, [=](Scene& scene) { scene.element().set(name, make(scene)); }});
+            all.push_back(
+                {name + " = " + text, [=, make = make](Scene& scene) { scene.element().set(name, make(scene)); }});
         }
     }
     for (const std::string& name : words(METHODS)) {
         all.push_back({name + "()", [=](Scene& scene) { scene.element().call(name); }});
         for (const auto& [text, make] : values()) {
-            all.push_back({name + "(" + text + ")", [=](Scene& scene) { scene.element().call(name, {make(scene)}); }});
+            all.push_back({name + "(" + text + ")",
+                           [=, make = make](Scene& scene) { scene.element().call(name, {make(scene)}); }});
         }
     }
     for (const char* method : {"addEventListener", "removeEventListener"}) {
@@ -211,6 +213,7 @@ const std::vector<Step>& operations() {
     return all;
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table of the actions
 const std::vector<Action>& actions() {
     const auto set = [](const char* name, const char* value) {
         return Action{{std::string(name) + " = " + value,

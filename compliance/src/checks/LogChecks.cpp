@@ -24,7 +24,7 @@ void functionsExist(Trial& trial) {
 void markIsStatic(Trial& trial) {
     const char* mark = trial.platform.logGetCmd(MODULE);
     trial.require(mark != nullptr, "log_get_cmd returned null", "static text, never null");
-    const std::string text = mark;
+    const std::string text = mark ? mark : "";
     for (const int module : {0, 1, 1000, -1}) {
         trial.require(trial.platform.logGetCmd(module) != nullptr,
                       "log_get_cmd returned null for module " + std::to_string(module), "never null");
@@ -58,6 +58,7 @@ void answersFromMemory(Trial& trial) {
 void onManyThreads(Trial& trial, const std::function<void(int thread)>& action) {
     std::atomic<int> done{0};
     std::vector<std::thread> threads;
+    threads.reserve(THREADS);
     for (int i = 0; i < THREADS; ++i) {
         threads.emplace_back([&, i] {
             isOwnThread() = true;
@@ -92,6 +93,9 @@ void logsFromAnyThread(Trial& trial) {
 void takesAnyText(Trial& trial) {
     const Platform& platform = trial.platform;
     trial.require(platform.logConsole && platform.logFile, "a function is missing", "both functions that write");
+    if (!platform.logConsole || !platform.logFile) {
+        return;
+    }
     const std::string longText(20'000, 'x');
     const char* mark = platform.logGetCmd(MODULE);
     for (const int level : {2, 3, 4, 5, 6}) {

@@ -109,6 +109,7 @@ void backToNormal(Trial& trial) {
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-function-size): a table of the checks
 std::vector<Check> speedChecks() {
     const char* const header = "medialib.h";
     const char* const start = "play-starts";

@@ -118,6 +118,7 @@ void loopsAfterTheEnd(Trial& trial) {
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-function-size): a table of the checks
 std::vector<Check> startChecks() {
     const char* const header = "medialib.h";
     const char* const start = "play-starts";
