@@ -15,7 +15,7 @@
 #include <thread>
 
 /** The function of the good platform. */
-// NOLINTNEXTLINE(bugprone-macro-parentheses): the name of a function, which decltype and # take as it is
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the name of a function, which must stand alone
 #define NEXT(function) reinterpret_cast<decltype(&function)>(dlsym(RTLD_NEXT, #function))
 
 /** Before the definition of a function of the platform. */
